@@ -1,0 +1,45 @@
+# Every check that CI runs is one target here.
+#   make               install what is missing, build into build/
+#   make test          ... and run every test
+#   make test-sanitize the same tests under AddressSanitizer and
+#                      UndefinedBehaviorSanitizer, in build-sanitize/
+#   make demo          run qxqr on the shipped example
+#   make install PREFIX=/some/where
+
+BUILD_DIR      ?= build
+SANITIZE_DIR   ?= build-sanitize
+BUILD_TYPE     ?= RelWithDebInfo
+PREFIX         ?= /usr/local
+JOBS           ?= $(shell nproc)
+
+export ASAN_OPTIONS  = detect_leaks=1:abort_on_error=0:strict_string_checks=1
+export UBSAN_OPTIONS = print_stacktrace=1:halt_on_error=1
+
+.PHONY: all deps build test test-sanitize demo install clean
+
+all: build
+
+deps:
+	@scripts/install-deps.sh
+
+build: deps
+	@cmake -S . -B $(BUILD_DIR) -G Ninja -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) >/dev/null
+	@cmake --build $(BUILD_DIR) -j $(JOBS)
+
+test: build
+	ctest --test-dir $(BUILD_DIR) --output-on-failure -j $(JOBS)
+
+test-sanitize: deps
+	@cmake -S . -B $(SANITIZE_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DQXQR_SANITIZE=ON >/dev/null
+	@cmake --build $(SANITIZE_DIR) -j $(JOBS)
+	ctest --test-dir $(SANITIZE_DIR) --output-on-failure -j $(JOBS)
+
+demo: build
+	$(BUILD_DIR)/qxqr walk --explain --root examples/demo/install --cwd examples/demo/project \
+	    examples/demo.rules -- examples/demo/project/src/main.c
+
+install: build
+	cmake --install $(BUILD_DIR) --prefix $(PREFIX)
+
+clean:
+	rm -rf $(BUILD_DIR) $(SANITIZE_DIR)

@@ -1,0 +1,11 @@
+#ifndef QXQRSCRIPT_HPP
+#define QXQRSCRIPT_HPP
+
+#include <qxqrscript/FileReader.hpp>
+#include <qxqrscript/Parser.hpp>
+#include <qxqrscript/QuorelRules.hpp>
+#include <qxqrscript/Rules.hpp>
+#include <qxqrscript/host.hpp>
+#include <qxqrscript/version.hpp>
+
+#endif

@@ -1,0 +1,13 @@
+#ifndef QXQRSCRIPT_VERSION_HPP
+#define QXQRSCRIPT_VERSION_HPP
+
+// Marks the library's public interface. The library is built with hidden
+// visibility, so everything without this mark stays internal to it.
+#define QXQRSCRIPT_API __attribute__((visibility("default")))
+
+// The library's version ("1.0.0") and the date it was built ("YYYY-MM-DD",
+// taken from SOURCE_DATE_EPOCH when that is set, so builds can be reproduced).
+extern QXQRSCRIPT_API const char* libqxqrscript_version;
+extern QXQRSCRIPT_API const char* libqxqrscript_build_date;
+
+#endif

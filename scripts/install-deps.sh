@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Installs, with apt-get, whichever of the build's Debian packages are missing.
+# Quiet and quick when everything is present; the package lists are only
+# refreshed when something has to be installed.
+set -euo pipefail
+
+packages=(cmake ninja-build g++ make pkg-config libboost-dev libgtest-dev libcli11-dev nlohmann-json3-dev)
+
+missing=()
+for package in "${packages[@]}"; do
+    status=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
+    [ "$status" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+if [ "$(id -u)" -eq 0 ]; then
+    as_root=()
+elif command -v sudo >/dev/null 2>&1; then
+    as_root=(sudo)
+else
+    echo "install-deps: these packages are missing: ${missing[*]}" >&2
+    echo "install-deps: as root, run:  apt-get install -y ${missing[*]}" >&2
+    exit 1
+fi
+
+echo "install-deps: installing ${missing[*]}" >&2
+export DEBIAN_FRONTEND=noninteractive
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null

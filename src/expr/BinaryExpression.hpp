@@ -1,0 +1,63 @@
+#ifndef QXQRSCRIPT_EXPR_BINARYEXPRESSION_HPP
+#define QXQRSCRIPT_EXPR_BINARYEXPRESSION_HPP
+
+#include "expr/Expression.hpp"
+
+#include <memory>
+
+namespace QuorelScript {
+
+// The mechanics shared by every two-operand node. The left operand is the one
+// written first; it is cloned, searched and substituted before the right one.
+// `Derived` supplies evaluate and print, and a constructor from two pointers.
+template <class R, class Derived, class A, class B>
+class BinaryExpression : public Expression<R> {
+public:
+    // Takes ownership of both operands.
+    BinaryExpression(Expression<A>* left, Expression<B>* right) : left_(left), right_(right) {}
+    BinaryExpression(const BinaryExpression&) = delete;
+    BinaryExpression& operator=(const BinaryExpression&) = delete;
+    ~BinaryExpression() override {
+        delete right_;
+        delete left_;
+    }
+
+    Expression<R>* clone() const override {
+        std::unique_ptr<Expression<A>> leftCopy(left_->clone());
+        std::unique_ptr<Expression<B>> rightCopy(right_->clone());
+        Derived* copy = new Derived(leftCopy.get(), rightCopy.get());
+        leftCopy.release();
+        rightCopy.release();
+        return copy;
+    }
+
+    bool hasVariables() const override { return left_->hasVariables() || right_->hasVariables(); }
+
+    void substituteVariables(const Bindings& bindings) override {
+        left_->substituteVariables(bindings);
+        right_->substituteVariables(bindings);
+    }
+
+    Expression<A>* left() const { return left_; }
+    Expression<B>* right() const { return right_; }
+
+    // Give up ownership of one operand; the node is left without it.
+    Expression<A>* releaseLeft() {
+        Expression<A>* left = left_;
+        left_ = nullptr;
+        return left;
+    }
+    Expression<B>* releaseRight() {
+        Expression<B>* right = right_;
+        right_ = nullptr;
+        return right;
+    }
+
+private:
+    Expression<A>* left_;
+    Expression<B>* right_;
+};
+
+} // namespace QuorelScript
+
+#endif

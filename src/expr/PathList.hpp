@@ -1,0 +1,25 @@
+#ifndef QXQRSCRIPT_EXPR_PATHLIST_HPP
+#define QXQRSCRIPT_EXPR_PATHLIST_HPP
+
+#include "expr/Expression.hpp"
+#include "expr/Path.hpp"
+
+#include <iosfwd>
+#include <vector>
+
+namespace QuorelScript {
+
+// A list of path expressions in script order: the right side of "in" and the
+// paths of an include rule. Whoever holds the list owns it and its elements.
+typedef std::vector<Expression<Path>*> PathList;
+
+// Deletes every element, then the list; a null list is allowed.
+void deletePathList(PathList* list);
+// A new list that reserves the source's size and receives the elements' clones in order.
+PathList* clonePathList(const PathList& list);
+// "[a,b,...]"
+std::ostream& printPathList(std::ostream& out, const PathList& list);
+
+} // namespace QuorelScript
+
+#endif

@@ -1,0 +1,52 @@
+#ifndef QXQRSCRIPT_RULES_PARSEDRULES_HPP
+#define QXQRSCRIPT_RULES_PARSEDRULES_HPP
+
+#include "rules/Rule.hpp"
+
+#include <qxqrscript/Rules.hpp>
+
+#include <string>
+
+namespace QuorelScript {
+
+// The rule set made from scripts: three lists of rules, each owned with its
+// rules and their conditions. A null list and an empty one answer alike;
+// they differ only in print().
+class ParsedRules : public Rules {
+public:
+    // Takes ownership of the three lists; note the order of the arguments.
+    ParsedRules(ExcludeRuleList* excludeRules, PruneRuleList* pruneRules, IncludeRuleList* includeRules);
+    ParsedRules(const ParsedRules&) = delete;
+    ParsedRules& operator=(const ParsedRules&) = delete;
+    ~ParsedRules() override;
+
+    bool isExcluded(const char* file, const char* reserved, const char* caller) override;
+    bool isPruned(const char* file, const char* reserved, const char* caller) override;
+    void getIncludes(const char* file, const char* reserved, QuorelRules::Includer& includer) override;
+    void setVantorRoot(const char* root) override;
+    void setCwd(const char* dir) override;
+    int setCwdFromProcess() override;
+    void bindVariable(const char* name, const char* value) override;
+    void precompute() override;
+    std::ostream& print(std::ostream& os) const override;
+    const std::string& getLastMatchText() const override;
+
+    // Append one rule, taking ownership, to a list that must exist.
+    void appendExcludeRule(ExcludeRule* rule);
+    void appendIncludeRule(IncludeRule* rule);
+    void appendPruneRule(PruneRule* rule);
+
+private:
+    ExcludeRuleList* excludeRules;
+    IncludeRuleList* includeRules;
+    PruneRuleList* pruneRules;
+    std::string vantorRoot;
+    std::string cwd;
+    bool hasVantorRoot;
+    bool hasCwd;
+    std::string lastMatchText;
+};
+
+} // namespace QuorelScript
+
+#endif

@@ -1,0 +1,49 @@
+#ifndef QXQRSCRIPT_RULES_RULE_HPP
+#define QXQRSCRIPT_RULES_RULE_HPP
+
+#include "expr/Expression.hpp"
+#include "expr/PathList.hpp"
+
+#include <string>
+#include <vector>
+
+namespace QuorelScript {
+
+// What every rule has: the text that names it (script, line and the rule as
+// written, attached once the statement is parsed) and its owned condition.
+struct ConditionRule {
+    explicit ConditionRule(Expression<bool>* condition);
+    ConditionRule(const ConditionRule&) = delete;
+    ConditionRule& operator=(const ConditionRule&) = delete;
+    ~ConditionRule();
+
+    std::string debugInfo;
+    Expression<bool>* condition;
+};
+
+// A file for which the condition holds is skipped.
+struct ExcludeRule : ConditionRule {
+    using ConditionRule::ConditionRule;
+};
+
+// The analysis does not descend below a file for which the condition holds.
+struct PruneRule : ConditionRule {
+    using ConditionRule::ConditionRule;
+};
+
+// When the condition holds for a file, the paths come with it.
+struct IncludeRule : ConditionRule {
+    // Takes ownership of both.
+    IncludeRule(PathList* paths, Expression<bool>* condition);
+    ~IncludeRule();
+
+    PathList* paths;
+};
+
+typedef std::vector<ExcludeRule*> ExcludeRuleList;
+typedef std::vector<PruneRule*> PruneRuleList;
+typedef std::vector<IncludeRule*> IncludeRuleList;
+
+} // namespace QuorelScript
+
+#endif
