@@ -18,5 +18,8 @@ install(FILES ${PROJECT_BINARY_DIR}/qxqrscriptConfig.cmake
               ${PROJECT_BINARY_DIR}/qxqrscriptConfigVersion.cmake
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/qxqrscript)
 
+# The .pc file finds the prefix relative to itself, so that an installed
+# tree may be moved.
+file(RELATIVE_PATH QXQR_PC_TO_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/qxqrscript.pc.in ${PROJECT_BINARY_DIR}/qxqrscript.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/qxqrscript.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

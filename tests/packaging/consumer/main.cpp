@@ -1,0 +1,18 @@
+// A host program built against an installed copy of the library: it parses
+// a one-rule script and asks one question.
+#include <qxqrscript.hpp>
+
+#include <cstring>
+#include <iostream>
+#include <memory>
+
+int main() {
+    QuorelScript::Parser parser;
+    std::unique_ptr<QuorelScript::Rules> rules(parser.parse("exclude if $ext == .o\n"));
+    if (!rules || std::strcmp(libqxqrscript_version, "1.0.0") != 0)
+        return 1;
+    if (!rules->isExcluded("/src/main.o", nullptr, nullptr) || rules->isExcluded("/src/main.c", nullptr, nullptr))
+        return 1;
+    std::cout << "installed package works" << std::endl;
+    return 0;
+}
