@@ -34,10 +34,13 @@ public:
 };
 
 // Enumerates what `pattern` denotes: with `wholeDirectory` 1 the entries of
-// the directory `pattern`, with 0 the paths that match `pattern`, where '*'
-// and '?' may stand in any component. Each file goes to `fileProc`, each
-// directory to `dirProc`, in sorted order; "." and ".." are never reported.
-// The last argument is reserved.
+// the directory `pattern`, reported as the directory, one '/' and the name;
+// otherwise the existing paths that match `pattern`, where '*' and '?' may
+// stand in any component and every other character stands for itself. As in
+// the shell, a wildcard does not match the leading dot of a name. Each file
+// goes to `fileProc`, each directory (a link to one included) to `dirProc`,
+// all in byte order of the paths; "." and ".." are never reported, and what
+// the procedures return is ignored. The last argument is reserved.
 QXQRSCRIPT_API void kfFindMatchingFilesAndDirs(const char* pattern, const kfStringProcedure& fileProc,
                                                const kfStringProcedure& dirProc, int wholeDirectory,
                                                bool reserved);

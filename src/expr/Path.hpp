@@ -41,6 +41,9 @@ public:
     const boost::shared_ptr<PathNormalizer>& normalizer() const;
 
 private:
+    // Gives the path a normalizer of its own, shared with its text.
+    void installFreshNormalizer();
+
     PathString text_;
     boost::shared_ptr<PathNormalizer> normalizer_;
 };

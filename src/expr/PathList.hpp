@@ -5,6 +5,7 @@
 #include "expr/Path.hpp"
 
 #include <iosfwd>
+#include <memory>
 #include <vector>
 
 namespace QuorelScript {
@@ -15,6 +16,12 @@ typedef std::vector<Expression<Path>*> PathList;
 
 // Deletes every element, then the list; a null list is allowed.
 void deletePathList(PathList* list);
+// Lets a std::unique_ptr own a list together with its elements.
+struct PathListDeleter {
+    void operator()(PathList* list) const { deletePathList(list); }
+};
+typedef std::unique_ptr<PathList, PathListDeleter> OwnedPathList;
+
 // A new list that reserves the source's size and receives the elements' clones in order.
 PathList* clonePathList(const PathList& list);
 // "[a,b,...]"

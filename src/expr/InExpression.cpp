@@ -1,0 +1,65 @@
+#include "expr/InExpression.hpp"
+
+#include <memory>
+#include <ostream>
+
+namespace QuorelScript {
+
+namespace {
+
+// A plain prefix test: "/a/b" is a prefix of "/a/bc" as well as of "/a/b/c",
+// and the empty text is a prefix of everything.
+bool startsWith(const std::string& text, const std::string& prefix) {
+    return prefix.length() <= text.length() && text.compare(0, prefix.length(), prefix) == 0;
+}
+
+} // namespace
+
+InExpression::InExpression(Expression<Path>* subject, PathList* list) : subject_(subject), list_(list) {}
+
+InExpression::~InExpression() {
+    delete subject_;
+    deletePathList(list_);
+}
+
+// The subject is evaluated once; the elements one at a time, in list order,
+// up to the first that is a prefix of it.
+bool InExpression::evaluate(const Bindings& bindings) const {
+    const Path subject = subject_->evaluate(bindings);
+    for (const Expression<Path>* element : *list_)
+        if (startsWith(subject.text(), element->evaluate(bindings).text()))
+            return true;
+    return false;
+}
+
+Expression<bool>* InExpression::clone() const {
+    std::unique_ptr<Expression<Path>> subjectCopy(subject_->clone());
+    OwnedPathList listCopy(clonePathList(*list_));
+    Expression<bool>* copy = new InExpression(subjectCopy.get(), listCopy.get());
+    subjectCopy.release();
+    listCopy.release();
+    return copy;
+}
+
+std::ostream& InExpression::print(std::ostream& out) const {
+    out << "in(";
+    subject_->print(out) << ',';
+    return printPathList(out, *list_) << ')';
+}
+
+bool InExpression::hasVariables() const {
+    if (subject_->hasVariables())
+        return true;
+    for (const Expression<Path>* element : *list_)
+        if (element->hasVariables())
+            return true;
+    return false;
+}
+
+void InExpression::substituteVariables(const Bindings& bindings) {
+    subject_->substituteVariables(bindings);
+    for (Expression<Path>* element : *list_)
+        element->substituteVariables(bindings);
+}
+
+} // namespace QuorelScript

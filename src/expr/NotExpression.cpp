@@ -1,0 +1,18 @@
+#include "expr/NotExpression.hpp"
+
+#include <ostream>
+
+namespace QuorelScript {
+
+NotExpression<bool>::NotExpression(Expression<bool>* operand) : UnaryExpression(operand) {}
+
+bool NotExpression<bool>::evaluate(const Bindings& bindings) const {
+    return !operand()->evaluate(bindings);
+}
+
+std::ostream& NotExpression<bool>::print(std::ostream& out) const {
+    out << "not(";
+    return operand()->print(out) << ')';
+}
+
+} // namespace QuorelScript

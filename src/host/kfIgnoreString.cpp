@@ -1,0 +1,7 @@
+#include <qxqrscript/host.hpp>
+
+kfIgnoreString::~kfIgnoreString() {}
+
+bool kfIgnoreString::operator()(const char*) const {
+    return false;
+}
