@@ -37,6 +37,11 @@ public:
     void appendPruneRule(PruneRule* rule);
 
 private:
+    // The first rule of `rules` whose condition holds for the query decides:
+    // its text becomes the last match text. A null list matches nothing.
+    template <class RuleList>
+    bool firstMatch(const RuleList* rules, const char* file, const char* caller);
+
     ExcludeRuleList* excludeRules;
     IncludeRuleList* includeRules;
     PruneRuleList* pruneRules;
