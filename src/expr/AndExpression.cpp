@@ -13,9 +13,7 @@ bool AndExpression::evaluate(const Bindings& bindings) const {
 }
 
 std::ostream& AndExpression::print(std::ostream& out) const {
-    out << "and(";
-    left()->print(out) << ',';
-    return right()->print(out) << ')';
+    return printOperands(out, "and(");
 }
 
 } // namespace QuorelScript

@@ -4,6 +4,7 @@
 #include "expr/Expression.hpp"
 
 #include <memory>
+#include <ostream>
 
 namespace QuorelScript {
 
@@ -51,6 +52,13 @@ public:
         Expression<B>* right = right_;
         right_ = nullptr;
         return right;
+    }
+
+protected:
+    // Prints the given opening, then left "," right ")".
+    std::ostream& printOperands(std::ostream& out, const char* opening) const {
+        left_->print(out << opening) << ',';
+        return right_->print(out) << ')';
     }
 
 private:

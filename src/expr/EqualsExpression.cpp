@@ -16,9 +16,7 @@ bool EqualsExpression<Path>::evaluate(const Bindings& bindings) const {
 }
 
 std::ostream& EqualsExpression<Path>::print(std::ostream& out) const {
-    out << "equals(";
-    left()->print(out) << ',';
-    return right()->print(out) << ')';
+    return printOperands(out, "equals(");
 }
 
 } // namespace QuorelScript

@@ -14,8 +14,7 @@ bool ExistsExpression::evaluate(const Bindings& bindings) const {
 }
 
 std::ostream& ExistsExpression::print(std::ostream& out) const {
-    out << "exists(";
-    return operand()->print(out) << ')';
+    return printOperands(out, "exists(");
 }
 
 } // namespace QuorelScript

@@ -1,5 +1,7 @@
 #include "expr/InExpression.hpp"
 
+#include "expr/ExpressionVector.hpp"
+
 #include <memory>
 #include <ostream>
 
@@ -48,18 +50,12 @@ std::ostream& InExpression::print(std::ostream& out) const {
 }
 
 bool InExpression::hasVariables() const {
-    if (subject_->hasVariables())
-        return true;
-    for (const Expression<Path>* element : *list_)
-        if (element->hasVariables())
-            return true;
-    return false;
+    return subject_->hasVariables() || anyHasVariables(*list_);
 }
 
 void InExpression::substituteVariables(const Bindings& bindings) {
     subject_->substituteVariables(bindings);
-    for (Expression<Path>* element : *list_)
-        element->substituteVariables(bindings);
+    substituteEach(*list_, bindings);
 }
 
 } // namespace QuorelScript

@@ -2,6 +2,7 @@
 #define QXQRSCRIPT_EXPR_MULTIEXPRESSION_HPP
 
 #include "expr/Expression.hpp"
+#include "expr/ExpressionVector.hpp"
 
 #include <memory>
 #include <ostream>
@@ -21,32 +22,19 @@ public:
     MultiExpression(const MultiExpression&) = delete;
     MultiExpression& operator=(const MultiExpression&) = delete;
     ~MultiExpression() override {
-        for (Expression<bool>* operand : *operands_)
-            delete operand;
+        deleteEach(*operands_);
         delete operands_;
     }
 
     Expression<R>* clone() const override {
         std::unique_ptr<Derived> copy(new Derived);
-        // Reserving exactly the source's size first means the appends below
-        // cannot reallocate, so no clone can be lost between two steps.
-        copy->operands_->reserve(operands_->size());
-        for (const Expression<bool>* operand : *operands_)
-            copy->operands_->push_back(operand->clone());
+        appendClones(*operands_, *copy->operands_);
         return copy.release();
     }
 
-    bool hasVariables() const override {
-        for (const Expression<bool>* operand : *operands_)
-            if (operand->hasVariables())
-                return true;
-        return false;
-    }
+    bool hasVariables() const override { return anyHasVariables(*operands_); }
 
-    void substituteVariables(const Bindings& bindings) override {
-        for (Expression<bool>* operand : *operands_)
-            operand->substituteVariables(bindings);
-    }
+    void substituteVariables(const Bindings& bindings) override { substituteEach(*operands_, bindings); }
 
     // Takes ownership of `operand`, also when the append fails.
     void append(Expression<bool>* operand) {
@@ -63,13 +51,7 @@ public:
 protected:
     // Prints "[a,b,...]" after the given opening, then ")".
     std::ostream& printOperands(std::ostream& out, const char* opening) const {
-        out << opening << '[';
-        for (typename Operands::size_type i = 0; i < operands_->size(); ++i) {
-            if (i != 0)
-                out << ',';
-            (*operands_)[i]->print(out);
-        }
-        return out << "])";
+        return printBracketed(out << opening, *operands_) << ')';
     }
 
 private:

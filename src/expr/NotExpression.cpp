@@ -11,8 +11,7 @@ bool NotExpression<bool>::evaluate(const Bindings& bindings) const {
 }
 
 std::ostream& NotExpression<bool>::print(std::ostream& out) const {
-    out << "not(";
-    return operand()->print(out) << ')';
+    return printOperands(out, "not(");
 }
 
 } // namespace QuorelScript

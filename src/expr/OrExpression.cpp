@@ -12,9 +12,7 @@ bool OrExpression::evaluate(const Bindings& bindings) const {
 }
 
 std::ostream& OrExpression::print(std::ostream& out) const {
-    out << "or(";
-    left()->print(out) << ',';
-    return right()->print(out) << ')';
+    return printOperands(out, "or(");
 }
 
 } // namespace QuorelScript

@@ -4,6 +4,7 @@
 #include "expr/Expression.hpp"
 
 #include <memory>
+#include <ostream>
 
 namespace QuorelScript {
 
@@ -41,6 +42,12 @@ public:
 
     // Takes ownership of `operand`; the node must hold none.
     void adoptOperand(Expression<A>* operand) { operand_ = operand; }
+
+protected:
+    // Prints the given opening, then the operand and ")".
+    std::ostream& printOperands(std::ostream& out, const char* opening) const {
+        return operand_->print(out << opening) << ')';
+    }
 
 private:
     Expression<A>* operand_;

@@ -74,7 +74,8 @@ private:
     }
 
     static inline char doubledSeparator[] = "//";
-    // Backspace counts as white space here, like the other control characters.
+    // Exactly these seven characters: backspace belongs to the set on purpose,
+    // while other control characters, such as bell or escape, do not.
     static inline char whiteSpace[] = " \t\v\b\n\r\f";
 };
 

@@ -48,9 +48,10 @@ TEST(BinaryExpression, HasVariablesAsksTheRightOperandOnlyWhenTheLeftHasNone) {
     EXPECT_FALSE(none.hasVariables());
 }
 
-TEST(BinaryExpression, DeletesBothOperands) {
+TEST(BinaryExpression, DeletesTheRightOperandThenTheLeftOne) {
     Probe probe;
     delete new AndExpression(fakeCondition(probe, "L", true), fakeCondition(probe, "R", true));
+    EXPECT_EQ((Calls{"delete R", "delete L"}), probe.calls);
     EXPECT_EQ(0, probe.alive);
 }
 
@@ -68,7 +69,16 @@ TEST(BinaryExpression, FailedCloneLeaksNothing) {
     Probe probe;
     AndExpression tree(fakeCondition(probe, "L", true), fakeCondition(probe, "R", true)->failingToClone());
     EXPECT_THROW(tree.clone(), std::bad_alloc);
+    // The left clone, made first, is deleted on the way out.
+    EXPECT_EQ((Calls{"clone L", "clone R", "delete L"}), probe.calls);
     EXPECT_EQ(2, probe.alive);
+}
+
+TEST(BinaryExpression, FailedEvaluationPassesThrough) {
+    Probe probe;
+    AndExpression tree(fakeCondition(probe, "L", true), fakeCondition(probe, "R", true)->failingToEvaluate());
+    EXPECT_THROW(tree.evaluate(bindings({})), std::bad_alloc);
+    EXPECT_EQ((Calls{"evaluate L", "evaluate R"}), probe.calls);
 }
 
 } // namespace

@@ -16,9 +16,9 @@ struct Probe {
     int alive = 0;
 };
 
-// A node with a fixed value that records each call on it in a probe, so that
-// tests can see which operands a node evaluates, clones and substitutes, in
-// which order, and whether it deletes them.
+// A node with a fixed value that records each call on it, and its deletion, in
+// a probe, so that tests can see which operands a node evaluates, clones,
+// substitutes and deletes, in which order.
 template <class T>
 class FakeExpression : public QuorelScript::Expression<T> {
 public:
@@ -28,14 +28,19 @@ public:
     }
     FakeExpression(const FakeExpression& other)
         : probe_(other.probe_), name_(other.name_), value_(other.value_), hasVariables_(other.hasVariables_),
-          cloneFails_(other.cloneFails_) {
+          cloneFails_(other.cloneFails_), evaluationFails_(other.evaluationFails_) {
         ++probe_.alive;
     }
     FakeExpression& operator=(const FakeExpression&) = delete;
-    ~FakeExpression() override { --probe_.alive; }
+    ~FakeExpression() override {
+        record("delete");
+        --probe_.alive;
+    }
 
     T evaluate(const QuorelScript::Bindings&) const override {
         record("evaluate");
+        if (evaluationFails_)
+            throw std::bad_alloc();
         return value_;
     }
     QuorelScript::Expression<T>* clone() const override {
@@ -59,6 +64,10 @@ public:
         cloneFails_ = true;
         return this;
     }
+    FakeExpression* failingToEvaluate() {
+        evaluationFails_ = true;
+        return this;
+    }
 
 private:
     void record(const char* call) const { probe_.calls.push_back(std::string(call) + " " + name_); }
@@ -68,6 +77,7 @@ private:
     T value_;
     bool hasVariables_ = false;
     bool cloneFails_ = false;
+    bool evaluationFails_ = false;
 };
 
 inline FakeExpression<bool>* fakeCondition(Probe& probe, const std::string& name, bool value) {

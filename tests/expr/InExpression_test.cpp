@@ -108,6 +108,17 @@ TEST(InExpression, DeletesSubjectListAndElements) {
     EXPECT_EQ(0, probe.alive);
 }
 
+TEST(InExpression, FailedEvaluationPassesThroughAndReleasesTheSubjectsValue) {
+    Probe probe;
+    PathList* list = new PathList;
+    list->push_back(fakePath(probe, "A", "/b"));
+    list->push_back(fakePath(probe, "B", "/a")->failingToEvaluate());
+    list->push_back(fakePath(probe, "C", "/a"));
+    InExpression expression(fakePath(probe, "S", "/a/b"), list);
+    EXPECT_THROW(expression.evaluate(bindings({})), std::bad_alloc);
+    EXPECT_EQ((Calls{"evaluate S", "evaluate A", "evaluate B"}), probe.calls);
+}
+
 TEST(InExpression, FailedCloneLeaksNothing) {
     Probe probe;
     PathList* list = new PathList;

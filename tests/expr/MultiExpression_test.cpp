@@ -67,13 +67,14 @@ TEST(MultiExpression, SubstitutesEveryOperandInOrder) {
     EXPECT_EQ((Calls{"substitute A", "substitute B", "substitute C"}), probe.calls);
 }
 
-TEST(MultiExpression, DeletesEveryOperandAndSkipsNullEntries) {
+TEST(MultiExpression, DeletesEveryOperandInOrderAndSkipsNullEntries) {
     Probe probe;
     MultiOrExpression* expression = new MultiOrExpression;
     fill(*expression, probe, {"A", "B"});
     expression->operands().push_back(nullptr);
     fill(*expression, probe, {"C"});
     delete expression;
+    EXPECT_EQ((Calls{"delete A", "delete B", "delete C"}), probe.calls);
     EXPECT_EQ(0, probe.alive);
 }
 
@@ -83,6 +84,7 @@ TEST(MultiExpression, FailedCloneLeaksNothing) {
     fill(source, probe, {"A", "B"});
     source.append(fakeCondition(probe, "C", false)->failingToClone());
     EXPECT_THROW(source.clone(), std::bad_alloc);
+    EXPECT_EQ((Calls{"clone A", "clone B", "clone C", "delete A", "delete B"}), probe.calls);
     EXPECT_EQ(3, probe.alive);
 }
 

@@ -48,7 +48,9 @@ TEST(Path, CopySharesTheNormalizer) {
     {
         Path copy(original);
         EXPECT_EQ(original.normalizer(), copy.normalizer());
-        // A copy holds the normalizer once as its own and once as its text's.
+        // Every Path holds two handles to its normalizer, its own and its
+        // text's, and a copy shares both: so the shared count rises by one per
+        // handle, two in all, and falls back when the copy goes.
         EXPECT_EQ(before + 2, original.normalizer().use_count());
     }
     EXPECT_EQ(before, original.normalizer().use_count());

@@ -84,6 +84,23 @@ TEST(substituteVariables, ValueWithReferencesIsExpandedInTurn) {
     EXPECT_EQ("/root/x/y", evaluated("$a/y", variables));
 }
 
+// After a replacement the search resumes at the replaced '$' itself, not at
+// the start of the text: the skipped '$' in front stays skipped even though it
+// is now followed by a name.
+TEST(substituteVariables, SearchResumesAtTheReplacedReference) {
+    EXPECT_EQ("$b", evaluated("$$a", bindings({{"a", "b"}, {"b", "/B"}})));
+}
+
+// After an unknown reference the search resumes one character after its '$',
+// so a reference inside it is still found.
+TEST(substituteVariables, SearchGoesOnRightAfterAnUnknownReferencesDollar) {
+    EXPECT_EQ("${x/v}", evaluated("${x$a}", bindings({{"a", "/v"}})));
+}
+
+TEST(substituteVariables, BracedNameEndsAtTheFirstClosingBrace) {
+    EXPECT_EQ("/x/y.c}", evaluated("${file}}", fileBound));
+}
+
 TEST(substituteVariables, SelfReferenceStopsAfterOneHundredReplacements) {
     std::string expected = "$a";
     for (int i = 0; i < 100; ++i)
