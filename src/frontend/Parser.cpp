@@ -1,0 +1,86 @@
+#include <qxqrscript/Parser.hpp>
+
+#include "frontend/SyntaxErrorReport.hpp"
+#include "grammar/ParserImpl.hpp"
+#include "rules/ParsedRules.hpp"
+
+#include <cstring>
+
+namespace QuorelScript {
+
+namespace {
+
+// Runs the grammar over the whole of `text`. A text that does not match to
+// its end is reported on the error sink; the rules that its good lines made
+// stay with the parser and go with the next text that matches completely.
+bool matchesCompletely(ParserImpl& impl, const char* text) {
+    const char* cursor = text;
+    const char* end = text + std::strlen(text);
+    impl.matchScript(cursor, end);
+    if (cursor == end)
+        return true;
+    reportSyntaxError(impl.errorSink(), impl.scriptName(), impl.lineCount(), cursor);
+    return false;
+}
+
+// Switches the debug trace for one parse, and back on every way out.
+class VerboseScope {
+public:
+    VerboseScope(ParserImpl& impl, bool verbose) : impl_(impl), saved_(impl.debugVerbose()) {
+        impl_.setDebugVerbose(verbose);
+    }
+    VerboseScope(const VerboseScope&) = delete;
+    VerboseScope& operator=(const VerboseScope&) = delete;
+    ~VerboseScope() { impl_.setDebugVerbose(saved_); }
+
+private:
+    ParserImpl& impl_;
+    bool saved_;
+};
+
+} // namespace
+
+Parser::Parser() : impl(new ParserImpl) {}
+
+Parser::~Parser() {
+    delete impl;
+}
+
+void Parser::parse(Rules* rules, const char* text) {
+    if (matchesCompletely(*impl, text))
+        impl->handOverRules(static_cast<ParsedRules&>(*rules));
+}
+
+void Parser::parse(Rules* rules, const char* text, bool verbose) {
+    VerboseScope scope(*impl, verbose);
+    parse(rules, text);
+}
+
+Rules* Parser::parse(const char* text) {
+    if (matchesCompletely(*impl, text))
+        return impl->releaseRules();
+    return nullptr;
+}
+
+Rules* Parser::parse(const char* text, bool verbose) {
+    VerboseScope scope(*impl, verbose);
+    return parse(text);
+}
+
+void Parser::setScriptName(const char* name) {
+    impl->setScriptName(name);
+}
+
+void Parser::setDebugVerbose(bool on) {
+    impl->setDebugVerbose(on);
+}
+
+bool Parser::getDebugVerbose() const {
+    return impl->debugVerbose();
+}
+
+void Parser::setErrorSink(std::ostream* sink) {
+    impl->setErrorSink(sink);
+}
+
+} // namespace QuorelScript

@@ -1,0 +1,15 @@
+#include "grammar/GrammarConstants.hpp"
+
+namespace QuorelScript {
+namespace GrammarConstants {
+
+const char space = ' ';
+const char tab = '\t';
+const std::string crlf = "\r\n";
+const char lineFeed = '\n';
+
+const BooleanLiteral trueLiteral(true);
+const BooleanLiteral falseLiteral(false);
+
+} // namespace GrammarConstants
+} // namespace QuorelScript

@@ -1,0 +1,34 @@
+#ifndef QXQRSCRIPT_GRAMMAR_ACTIONS_EXPRESSIONLISTCREATE_HPP
+#define QXQRSCRIPT_GRAMMAR_ACTIONS_EXPRESSIONLISTCREATE_HPP
+
+#include "expr/Expression.hpp"
+#include "expr/Path.hpp"
+#include "expr/PathList.hpp"
+#include "grammar/Owned.hpp"
+#include "grammar/actions/OperationTraits.hpp"
+
+namespace QuorelScript {
+
+template <class T>
+struct ExpressionListCreate;
+
+// Starts a path list with its first element.
+template <>
+struct ExpressionListCreate<Path> {
+    typedef Expression<Path> Operand;
+    typedef PathList Result;
+
+    static Owned<PathList> build(Owned<Expression<Path>> first) {
+        Owned<PathList> list(new PathList);
+        list->push_back(first.get());
+        first.release();
+        return list;
+    }
+};
+
+template <>
+struct Operation<ExpressionListCreate<Path>> : ExpressionListCreate<Path> {};
+
+} // namespace QuorelScript
+
+#endif

@@ -1,0 +1,87 @@
+#ifndef QXQRSCRIPT_GRAMMAR_ACTIONS_OPERATIONTRAITS_HPP
+#define QXQRSCRIPT_GRAMMAR_ACTIONS_OPERATIONTRAITS_HPP
+
+#include "expr/AndExpression.hpp"
+#include "expr/EqualsExpression.hpp"
+#include "expr/ExistsExpression.hpp"
+#include "expr/InExpression.hpp"
+#include "expr/NotExpression.hpp"
+#include "expr/OrExpression.hpp"
+#include "expr/Path.hpp"
+#include "expr/PathList.hpp"
+#include "grammar/Owned.hpp"
+#include "rules/Rule.hpp"
+
+namespace QuorelScript {
+
+// What an operation of the grammar takes from the operand stacks (Operand,
+// or Left and Right) and what it yields (Result), with `build`, which makes
+// the result from the popped operands. Specialized for every operation that
+// the push actions perform.
+template <class X>
+struct Operation;
+
+// Builds X around one operand, which X then owns.
+template <class X, class R, class A>
+struct UnaryNodeOperation {
+    typedef A Operand;
+    typedef R Result;
+
+    static Owned<R> build(Owned<A> operand) {
+        Owned<R> node(new X(operand.get()));
+        operand.release();
+        return node;
+    }
+};
+
+// Builds X from two operands, the one written first on the left.
+template <class X, class R, class A, class B>
+struct BinaryNodeOperation {
+    typedef A Left;
+    typedef B Right;
+    typedef R Result;
+
+    static Owned<R> build(Owned<A> left, Owned<B> right) {
+        Owned<R> node(new X(left.get(), right.get()));
+        left.release();
+        right.release();
+        return node;
+    }
+};
+
+template <>
+struct Operation<NotExpression<bool>>
+    : UnaryNodeOperation<NotExpression<bool>, Expression<bool>, Expression<bool>> {};
+
+template <>
+struct Operation<ExistsExpression> : UnaryNodeOperation<ExistsExpression, Expression<bool>, Expression<Path>> {};
+
+template <>
+struct Operation<AndExpression>
+    : BinaryNodeOperation<AndExpression, Expression<bool>, Expression<bool>, Expression<bool>> {};
+
+template <>
+struct Operation<OrExpression>
+    : BinaryNodeOperation<OrExpression, Expression<bool>, Expression<bool>, Expression<bool>> {};
+
+template <>
+struct Operation<EqualsExpression<Path>>
+    : BinaryNodeOperation<EqualsExpression<Path>, Expression<bool>, Expression<Path>, Expression<Path>> {};
+
+template <>
+struct Operation<InExpression> : BinaryNodeOperation<InExpression, Expression<bool>, Expression<Path>, PathList> {};
+
+// A rule is made from its finished condition (and an include rule from its
+// paths too) and goes to the end of the parser's list of its kind.
+template <>
+struct Operation<ExcludeRule> : UnaryNodeOperation<ExcludeRule, ExcludeRule, Expression<bool>> {};
+
+template <>
+struct Operation<PruneRule> : UnaryNodeOperation<PruneRule, PruneRule, Expression<bool>> {};
+
+template <>
+struct Operation<IncludeRule> : BinaryNodeOperation<IncludeRule, IncludeRule, PathList, Expression<bool>> {};
+
+} // namespace QuorelScript
+
+#endif

@@ -1,0 +1,166 @@
+#include "FrontendTesting.hpp"
+
+#include "TempTree.hpp"
+#include "rules/ParsedRules.hpp"
+
+#include <qxqrscript/FileReader.hpp>
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+#include <memory>
+#include <sstream>
+#include <string>
+
+using namespace FrontendTesting;
+using QuorelScript::FileReader;
+using QuorelScript::ParsedRules;
+using QuorelScript::Rules;
+
+TEST(FileReader, EmptyFileGivesARuleSetWithoutRules) {
+    TempTree tree;
+    FileReader reader;
+    std::unique_ptr<Rules> rules(reader.read(tree.file("empty.qr").c_str()));
+    ASSERT_NE(nullptr, rules);
+    EXPECT_EQ("", printed(*rules));
+}
+
+TEST(FileReader, ReadsAndParsesTheWholeFile) {
+    TempTree tree;
+    FileReader reader;
+    std::unique_ptr<Rules> rules(reader.read(tree.file("r.qr", "exclude if a exists\n% c\nprune if b exists").c_str()));
+    ASSERT_NE(nullptr, rules);
+    EXPECT_EQ("\texclude if exists(a)\n\n\tprune if exists(b)\n\n", printed(*rules));
+}
+
+TEST(FileReader, MissingFileGivesNullSilentlyAndKeepsTheScriptName) {
+    TempTree tree;
+    FileReader reader;
+    reader.getParser().setScriptName("before");
+    EXPECT_EQ(nullptr, reader.read(tree.path("missing.qr").c_str()));
+    std::ostringstream errors;
+    reader.getParser().setErrorSink(&errors);
+    EXPECT_EQ("", errors.str());
+    reader.getParser().parse("bad\n");
+    EXPECT_EQ(syntaxErrorMessage("before", 1, "bad"), errors.str());
+}
+
+TEST(FileReader, MissingFileAddsNothingToARuleSet) {
+    TempTree tree;
+    FileReader reader;
+    std::ostringstream errors;
+    reader.getParser().setErrorSink(&errors);
+    ParsedRules rules(nullptr, nullptr, nullptr);
+    reader.read(&rules, tree.path("missing.qr").c_str());
+    EXPECT_EQ("", printed(rules));
+    EXPECT_EQ("", errors.str());
+}
+
+TEST(FileReader, DirectoryIsUnreadableLikeAMissingFile) {
+    TempTree tree;
+    FileReader reader;
+    std::ostringstream errors;
+    reader.getParser().setErrorSink(&errors);
+    reader.getParser().setScriptName("before");
+    EXPECT_EQ(nullptr, reader.read(tree.dir("d").c_str()));
+    reader.getParser().parse("bad\n");
+    EXPECT_EQ(syntaxErrorMessage("before", 1, "bad"), errors.str());
+}
+
+namespace {
+
+// A stream buffer that refuses every character.
+class FailingBuffer : public std::streambuf {
+protected:
+    int_type overflow(int_type) override { return traits_type::eof(); }
+};
+
+} // namespace
+
+// The file's contents are freed also when the parse throws (here from the
+// trace output); the sanitizer build checks that nothing leaks.
+TEST(FileReader, ExceptionFromTheParsePassesThrough) {
+    TempTree tree;
+    std::string file = tree.file("r.qr", "exclude if a == b\n");
+    FileReader reader;
+    reader.getParser().setDebugVerbose(true);
+    FailingBuffer failing;
+    std::streambuf* saved = std::cout.rdbuf(&failing);
+    std::ios_base::iostate savedMask = std::cout.exceptions();
+    std::cout.exceptions(std::ios_base::badbit);
+    EXPECT_THROW(reader.read(file.c_str()), std::ios_base::failure);
+    std::cout.clear();
+    std::cout.exceptions(savedMask);
+    std::cout.rdbuf(saved);
+}
+
+TEST(FileReader, CarriageReturnsAreKept) {
+    TempTree tree;
+    FileReader reader;
+    std::string file = tree.file("crlf.qr", "exclude if a exists\r\nbad\r\n");
+    std::ostringstream errors;
+    reader.getParser().setErrorSink(&errors);
+    EXPECT_EQ(nullptr, reader.read(file.c_str()));
+    EXPECT_EQ(syntaxErrorMessage(file, 2, "bad"), errors.str());
+    std::unique_ptr<Rules> rules(reader.read(tree.file("good.qr", "exclude if true\r\n\r\nprune if false\r\n").c_str()));
+    ASSERT_NE(nullptr, rules);
+    EXPECT_EQ("\texclude if exists(a)\n\texclude if true\n\n\tprune if false\n\n", printed(*rules));
+}
+
+TEST(FileReader, SyntaxErrorNamesTheFile) {
+    TempTree tree;
+    FileReader reader;
+    std::string file = tree.file("bad.qr", "\n\nexclude if\n");
+    std::ostringstream errors;
+    reader.getParser().setErrorSink(&errors);
+    EXPECT_EQ(nullptr, reader.read(file.c_str()));
+    EXPECT_EQ(syntaxErrorMessage(file, 3, "exclude if"), errors.str());
+}
+
+TEST(FileReader, ScriptNameStaysTheFileNameForLaterParses) {
+    TempTree tree;
+    FileReader reader;
+    std::string file = tree.file("named.qr", "exclude if true\n");
+    std::unique_ptr<Rules> rules(reader.read(file.c_str()));
+    ASSERT_NE(nullptr, rules);
+    std::ostringstream errors;
+    reader.getParser().setErrorSink(&errors);
+    reader.getParser().parse("bad\n");
+    EXPECT_EQ(syntaxErrorMessage(file, 1, "bad"), errors.str());
+}
+
+TEST(FileReader, NamesRulesAfterTheFile) {
+    TempTree tree;
+    FileReader reader;
+    std::string file = tree.file("n.qr", "\nexclude if true\n");
+    std::unique_ptr<Rules> rules(reader.read(file.c_str()));
+    ASSERT_NE(nullptr, rules);
+    ASSERT_TRUE(rules->isExcluded("f", nullptr, "c"));
+    EXPECT_EQ(file + ", line 2: \nexclude if true", rules->getLastMatchText());
+}
+
+TEST(FileReader, NulByteEndsTheScript) {
+    TempTree tree;
+    FileReader reader;
+    std::string contents("exclude if true\n\0not a rule\n", 28);
+    std::unique_ptr<Rules> rules(reader.read(tree.file("nul.qr", contents).c_str()));
+    ASSERT_NE(nullptr, rules);
+    EXPECT_EQ("\texclude if true\n\n", printed(*rules));
+}
+
+TEST(FileReader, AppendsToACallersRuleSet) {
+    TempTree tree;
+    FileReader reader;
+    ParsedRules rules(new QuorelScript::ExcludeRuleList, nullptr, nullptr);
+    reader.read(&rules, tree.file("a.qr", "exclude if a exists\n").c_str());
+    reader.read(&rules, tree.file("b.qr", "exclude if b exists\n").c_str());
+    EXPECT_EQ("\texclude if exists(a)\n\texclude if exists(b)\n\n", printed(rules));
+}
+
+TEST(FileReader, ConstAccessToTheParser) {
+    FileReader reader;
+    reader.getParser().setDebugVerbose(true);
+    const FileReader& constReader = reader;
+    EXPECT_TRUE(constReader.getParser().getDebugVerbose());
+    EXPECT_EQ(&reader.getParser(), &constReader.getParser());
+}
