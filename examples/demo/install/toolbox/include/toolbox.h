@@ -1,0 +1,2 @@
+/* The installation's toolbox: shared by every project, owned by none. */
+int toolbox_version(void);

@@ -1,0 +1,3 @@
+#include "util.h"
+
+int util_answer(void) { return 42; }

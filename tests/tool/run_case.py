@@ -1,0 +1,112 @@
+#!/usr/bin/env python3
+"""Runs one end-to-end case of the qxqr tool and compares what it did.
+
+A case file holds, in this order:
+
+    # comment lines, saying what the case shows
+    $ qxqr query --explain rules/basic.rules -- tree/a.c
+    < a line given on standard input (as many as needed)
+    ? 0
+    --- stdout
+    the exact standard output, line by line
+    --- stderr
+    the exact standard error, line by line
+
+"$" gives the command line, split as a POSIX shell would; its first word
+names a program given with --program NAME=PATH. "?" gives the exit status.
+An absent stdout or stderr section means that stream must stay empty.
+Instead of "--- stdout", "--- json" compares the output parsed as JSON with
+the section parsed as JSON, and "--- stdout-matches" requires the output to
+match the section as a regular expression. The command runs in the
+directory given with --in; "@CWD@" in a section stands for that directory's
+absolute path.
+"""
+
+import argparse
+import difflib
+import json
+import os
+import re
+import shlex
+import subprocess
+import sys
+
+
+def read_case(path):
+    case = {"command": None, "stdin": [], "status": None, "sections": {}}
+    section = None
+    with open(path, encoding="utf-8", newline="") as lines:
+        for line in lines:
+            if line.startswith("--- "):
+                section = line[4:].rstrip("\n")
+                case["sections"][section] = ""
+            elif section is not None:
+                case["sections"][section] += line
+            elif line.startswith("$ "):
+                case["command"] = shlex.split(line[2:])
+            elif line.startswith("< "):
+                case["stdin"].append(line[2:])
+            elif line.startswith("? "):
+                case["status"] = int(line[2:])
+            elif not line.startswith("#") and line.strip():
+                raise ValueError(f"{path}: cannot read the line {line!r}")
+    if case["command"] is None or case["status"] is None:
+        raise ValueError(f"{path}: a case needs a '$' line and a '?' line")
+    return case
+
+
+def differences(name, expected, actual):
+    if expected == actual:
+        return []
+    diff = difflib.unified_diff(expected.splitlines(True), actual.splitlines(True),
+                                f"expected {name}", f"actual {name}")
+    return [f"{name} differs:\n" + "".join(diff)]
+
+
+def compare_stdout(sections, actual):
+    if "json" in sections:
+        try:
+            document = json.loads(actual)
+        except json.JSONDecodeError as error:
+            return [f"stdout is not one JSON document ({error}):\n{actual}"]
+        expected = json.loads(sections["json"])
+        if document != expected:
+            return ["JSON differs:\n" + "".join(difflib.unified_diff(
+                json.dumps(expected, indent=2, sort_keys=True).splitlines(True),
+                json.dumps(document, indent=2, sort_keys=True).splitlines(True),
+                "expected", "actual"))]
+        return []
+    if "stdout-matches" in sections:
+        if re.fullmatch(sections["stdout-matches"], actual) is None:
+            return [f"stdout does not match {sections['stdout-matches']!r}:\n{actual}"]
+        return []
+    return differences("stdout", sections.get("stdout", ""), actual)
+
+
+def main():
+    options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    options.add_argument("case")
+    options.add_argument("--in", dest="directory", required=True)
+    options.add_argument("--program", action="append", default=[], metavar="NAME=PATH")
+    arguments = options.parse_args()
+
+    programs = dict(program.split("=", 1) for program in arguments.program)
+    case = read_case(arguments.case)
+    directory = os.path.realpath(arguments.directory)
+    case["sections"] = {name: text.replace("@CWD@", directory) for name, text in case["sections"].items()}
+    command = [programs.get(case["command"][0], case["command"][0])] + case["command"][1:]
+    run = subprocess.run(command, cwd=directory, input="".join(case["stdin"]).encode(),
+                         stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+
+    failures = []
+    if run.returncode != case["status"]:
+        failures.append(f"exit status {run.returncode}, expected {case['status']}")
+    failures += compare_stdout(case["sections"], run.stdout.decode(errors="replace"))
+    failures += differences("stderr", case["sections"].get("stderr", ""), run.stderr.decode(errors="replace"))
+    for failure in failures:
+        print(failure, file=sys.stderr)
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

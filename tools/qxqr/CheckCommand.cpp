@@ -1,0 +1,40 @@
+#include "CheckCommand.hpp"
+
+#include "PrintedRules.hpp"
+#include "ScriptLoader.hpp"
+
+#include <CLI/CLI.hpp>
+
+#include <sstream>
+
+namespace qxqr {
+
+CheckCommand::CheckCommand(CLI::App& qxqr)
+    : command(qxqr.add_subcommand("check", "Parse the scripts into one rule set and print it"))
+{
+    command->add_option("SCRIPT", scripts, "rules scripts, parsed in order into one rule set")
+        ->type_name("")
+        ->required();
+    command->add_flag("-q,--quiet", quiet, "print nothing; only the exit status tells");
+    format.addOption(*command);
+}
+
+Result CheckCommand::run(const std::vector<std::string>&)
+{
+    std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
+    Result result;
+    if (quiet)
+        return result;
+    std::ostringstream printed;
+    printed << rules.get();
+    if (format.isJson()) {
+        nlohmann::json document = readPrintedRules(printed.str());
+        document["scripts"] = scripts;
+        result.out = jsonDocument(document);
+    } else {
+        result.out = printed.str();
+    }
+    return result;
+}
+
+} // namespace qxqr

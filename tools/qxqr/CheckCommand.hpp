@@ -1,0 +1,25 @@
+#ifndef QXQR_CHECKCOMMAND_HPP
+#define QXQR_CHECKCOMMAND_HPP
+
+#include "Command.hpp"
+#include "OutputFormat.hpp"
+
+namespace qxqr {
+
+// qxqr check SCRIPT...: parses the scripts into one rule set and prints it.
+class CheckCommand : public Command {
+public:
+    explicit CheckCommand(CLI::App& qxqr);
+    CLI::App& app() override { return *command; }
+    Result run(const std::vector<std::string>& operands) override;
+
+private:
+    CLI::App* command;
+    std::vector<std::string> scripts;
+    bool quiet = false;
+    OutputFormat format;
+};
+
+} // namespace qxqr
+
+#endif

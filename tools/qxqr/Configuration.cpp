@@ -1,0 +1,59 @@
+#include "Configuration.hpp"
+
+#include <qxqrscript/Rules.hpp>
+
+#include <CLI/CLI.hpp>
+
+#include <utility>
+
+namespace qxqr {
+
+namespace {
+
+std::string checkAssignment(const std::string& assignment)
+{
+    std::string::size_type equals = assignment.find('=');
+    if (equals == std::string::npos || equals == 0)
+        return "expected NAME=VALUE, got '" + assignment + "'";
+    return std::string();
+}
+
+// NAME=VALUE split at its first '=', so that a value may hold '=' itself.
+std::pair<std::string, std::string> splitAssignment(const std::string& assignment)
+{
+    std::string::size_type equals = assignment.find('=');
+    return {assignment.substr(0, equals), assignment.substr(equals + 1)};
+}
+
+} // namespace
+
+void Configuration::addOptions(CLI::App& command)
+{
+    command.add_option("--root", root, "the installation root ($vantor; $toolbox is DIR/toolbox)")
+        ->type_name("DIR");
+    command.add_option("--cwd", cwd, "the directory that $cwd names (default: the current directory)")
+        ->type_name("DIR");
+    command.add_option("--set", assignments, "bind the variable NAME to VALUE in every condition (repeatable)")
+        ->type_name("NAME=VALUE")
+        ->check(checkAssignment);
+    command.add_flag("--precompute", precompute,
+                     "bind the known variables, merge and simplify the rules before querying");
+}
+
+void Configuration::apply(QuorelScript::Rules& rules) const
+{
+    if (!root.empty())
+        rules.setVantorRoot(root.c_str());
+    if (cwd.empty())
+        rules.setCwdFromProcess();
+    else
+        rules.setCwd(cwd.c_str());
+    for (const std::string& assignment : assignments) {
+        auto [name, value] = splitAssignment(assignment);
+        rules.bindVariable(name.c_str(), value.c_str());
+    }
+    if (precompute)
+        rules.precompute();
+}
+
+} // namespace qxqr

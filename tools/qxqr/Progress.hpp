@@ -1,0 +1,34 @@
+#ifndef QXQR_PROGRESS_HPP
+#define QXQR_PROGRESS_HPP
+
+#include <chrono>
+#include <cstddef>
+
+namespace qxqr {
+
+// A one-line count of a long walk on standard error, shown only to a person
+// watching a terminal: it appears once the walk has taken half a second,
+// is refreshed at most ten times a second, and is erased when the walk ends,
+// so it never mixes with the answer.
+class Progress {
+public:
+    // Shown only if `wanted` and standard error is a terminal.
+    explicit Progress(bool wanted);
+    ~Progress();
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void update(std::size_t visited, std::size_t waiting);
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    bool enabled;
+    bool shown = false;
+    Clock::time_point started;
+    Clock::time_point lastShown;
+};
+
+} // namespace qxqr
+
+#endif

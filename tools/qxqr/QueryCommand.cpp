@@ -1,0 +1,109 @@
+#include "QueryCommand.hpp"
+
+#include "IncludeList.hpp"
+#include "MatchText.hpp"
+#include "ScriptLoader.hpp"
+
+#include <CLI/CLI.hpp>
+
+#include <optional>
+
+namespace qxqr {
+
+namespace {
+
+// The rule set's answers for one file.
+struct Answer {
+    std::string file;
+    std::optional<std::string> excludedBy;  // the deciding rule's text, if excluded
+    std::optional<std::string> prunedBy;    // the deciding rule's text, if pruned
+    std::vector<std::string> includes;
+};
+
+Answer ask(QuorelScript::Rules& rules, const std::string& file, const char* caller)
+{
+    Answer answer{file, std::nullopt, std::nullopt, {}};
+    if (rules.isExcluded(file.c_str(), nullptr, caller))
+        answer.excludedBy = rules.getLastMatchText();
+    if (rules.isPruned(file.c_str(), nullptr, caller))
+        answer.prunedBy = rules.getLastMatchText();
+    answer.includes = IncludeList::of(rules, file);
+    return answer;
+}
+
+std::string verdict(const Answer& answer)
+{
+    if (answer.excludedBy && answer.prunedBy)
+        return "excluded, pruned";
+    if (answer.excludedBy)
+        return "excluded";
+    if (answer.prunedBy)
+        return "pruned";
+    return "kept";
+}
+
+std::string asText(const Answer& answer, bool explain)
+{
+    std::string text = answer.file + ": " + verdict(answer) + "\n";
+    if (explain) {
+        for (const std::optional<std::string>& rule : {answer.excludedBy, answer.prunedBy})
+            if (rule)
+                text += MatchText(*rule).indented("    ");
+    }
+    for (const std::string& included : answer.includes)
+        text += "    includes " + included + "\n";
+    return text;
+}
+
+nlohmann::json ruleOrNull(const std::optional<std::string>& rule)
+{
+    return rule ? MatchText(*rule).toJson() : nlohmann::json(nullptr);
+}
+
+nlohmann::json asJson(const Answer& answer)
+{
+    return {{"file", answer.file},
+            {"excluded", answer.excludedBy.has_value()},
+            {"excluded_by", ruleOrNull(answer.excludedBy)},
+            {"pruned", answer.prunedBy.has_value()},
+            {"pruned_by", ruleOrNull(answer.prunedBy)},
+            {"includes", answer.includes}};
+}
+
+} // namespace
+
+QueryCommand::QueryCommand(CLI::App& qxqr)
+    : command(qxqr.add_subcommand("query", "Tell whether each file is excluded, pruned or kept, and what it includes"))
+{
+    command->add_option("SCRIPT", scripts, "rules scripts, parsed in order into one rule set")
+        ->type_name("")
+        ->required();
+    configuration.addOptions(*command);
+    command->add_option("--caller", caller, "the file that refers to each FILE ($caller)")->type_name("FILE");
+    command->add_flag("--explain", explain, "show the rule that excluded or pruned a file");
+    format.addOption(*command);
+    command->footer("The files follow '--': qxqr query [OPTIONS] SCRIPT... -- FILE...\n"
+                    "A FILE of '-' reads file names from standard input, one a line.");
+}
+
+Result QueryCommand::run(const std::vector<std::string>& files)
+{
+    std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
+    configuration.apply(*rules);
+    const char* callerOrNull = command->count("--caller") ? caller.c_str() : nullptr;
+
+    Result result;
+    nlohmann::json answers = nlohmann::json::array();
+    for (const std::string& file : files) {
+        Answer answer = ask(*rules, file, callerOrNull);
+        if (format.isJson())
+            answers.push_back(asJson(answer));
+        else
+            result.out += asText(answer, explain);
+    }
+    if (format.isJson())
+        result.out = jsonDocument({{"files", answers}});
+    return result;
+}
+
+} // namespace qxqr

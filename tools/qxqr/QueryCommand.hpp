@@ -1,0 +1,30 @@
+#ifndef QXQR_QUERYCOMMAND_HPP
+#define QXQR_QUERYCOMMAND_HPP
+
+#include "Command.hpp"
+#include "Configuration.hpp"
+#include "OutputFormat.hpp"
+
+namespace qxqr {
+
+// qxqr query SCRIPT... -- FILE...: the three answers of the rule set for
+// each file: excluded, pruned, and the files its include rules add.
+class QueryCommand : public Command {
+public:
+    explicit QueryCommand(CLI::App& qxqr);
+    CLI::App& app() override { return *command; }
+    const char* operandName() const override { return "FILE"; }
+    Result run(const std::vector<std::string>& files) override;
+
+private:
+    CLI::App* command;
+    std::vector<std::string> scripts;
+    Configuration configuration;
+    std::string caller;
+    bool explain = false;
+    OutputFormat format;
+};
+
+} // namespace qxqr
+
+#endif

@@ -1,0 +1,21 @@
+#ifndef QXQR_SCRIPTLOADER_HPP
+#define QXQR_SCRIPTLOADER_HPP
+
+#include <qxqrscript/Rules.hpp>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace qxqr {
+
+// Parses the scripts, in order, into one rule set: the first becomes the
+// rule set, each further one is appended to it. Throws Failure with
+// "qxqr: cannot read 'X': <reason>" for a script that cannot be read, and
+// with the library's own report for a syntax error. With `verbose` the
+// library traces on standard output how it understood each line.
+std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& scripts, bool verbose = false);
+
+} // namespace qxqr
+
+#endif

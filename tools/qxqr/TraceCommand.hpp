@@ -1,0 +1,23 @@
+#ifndef QXQR_TRACECOMMAND_HPP
+#define QXQR_TRACECOMMAND_HPP
+
+#include "Command.hpp"
+
+namespace qxqr {
+
+// qxqr trace SCRIPT: parses with the library's debug trace on, which shows
+// how each condition was understood.
+class TraceCommand : public Command {
+public:
+    explicit TraceCommand(CLI::App& qxqr);
+    CLI::App& app() override { return *command; }
+    Result run(const std::vector<std::string>& operands) override;
+
+private:
+    CLI::App* command;
+    std::string script;
+};
+
+} // namespace qxqr
+
+#endif

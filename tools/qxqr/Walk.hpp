@@ -1,0 +1,36 @@
+#ifndef QXQR_WALK_HPP
+#define QXQR_WALK_HPP
+
+#include <qxqrscript/Rules.hpp>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qxqr {
+
+class Progress;
+
+enum class Fate { kept, excluded, pruned };
+
+const char* nameOf(Fate fate);
+
+// One file met by a walk and what the rules made of it.
+struct Visit {
+    std::string file;
+    std::optional<std::string> caller;     // the file whose include rules added it; none for a start file
+    Fate fate = Fate::kept;
+    std::optional<std::string> rule;       // the deciding rule's text, for an excluded or pruned file
+    std::vector<std::string> includes;     // what its include rules added (kept files only)
+};
+
+// What a dependency-analysis host does with a rule set, on any tree: from
+// the start files, every file met is tested with isExcluded (and skipped if
+// excluded), then isPruned (its includes are not followed if pruned), and
+// otherwise its includes are queued, with the file as their caller. Each
+// file is visited once, in the order it is first met.
+std::vector<Visit> walk(QuorelScript::Rules& rules, const std::vector<std::string>& starts, Progress& progress);
+
+} // namespace qxqr
+
+#endif

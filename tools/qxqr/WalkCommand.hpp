@@ -1,0 +1,30 @@
+#ifndef QXQR_WALKCOMMAND_HPP
+#define QXQR_WALKCOMMAND_HPP
+
+#include "Command.hpp"
+#include "Configuration.hpp"
+#include "OutputFormat.hpp"
+
+namespace qxqr {
+
+// qxqr walk SCRIPT... -- START...: follows the include rules from the start
+// files as a dependency-analysis host would, and tells each file's fate.
+class WalkCommand : public Command {
+public:
+    explicit WalkCommand(CLI::App& qxqr);
+    CLI::App& app() override { return *command; }
+    const char* operandName() const override { return "START"; }
+    Result run(const std::vector<std::string>& starts) override;
+
+private:
+    CLI::App* command;
+    std::vector<std::string> scripts;
+    Configuration configuration;
+    bool explain = false;
+    bool noProgress = false;
+    OutputFormat format;
+};
+
+} // namespace qxqr
+
+#endif

@@ -1,0 +1,103 @@
+// qxqr: checks, queries and walks rules scripts through the library's public
+// interface, as any host would.
+
+#include "Arguments.hpp"
+#include "CheckCommand.hpp"
+#include "Command.hpp"
+#include "QueryCommand.hpp"
+#include "TraceCommand.hpp"
+#include "WalkCommand.hpp"
+
+#include <qxqrscript/version.hpp>
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <sstream>
+
+namespace {
+
+using namespace qxqr;
+
+const int usageStatus = 2;
+
+std::string versionText()
+{
+    return std::string("libqxqrscript ") + libqxqrscript_version + " (built " + libqxqrscript_build_date + ")";
+}
+
+// "qxqr query" for a command line that selected query, "qxqr" otherwise.
+std::string commandPath(const CLI::App& qxqr)
+{
+    std::vector<CLI::App*> selected = qxqr.get_subcommands();
+    return selected.empty() ? qxqr.get_name() : qxqr.get_name() + " " + selected.front()->get_name();
+}
+
+std::string usageMessage(const CLI::App& qxqr, const std::string& problem)
+{
+    return "qxqr: " + problem + "\nRun '" + commandPath(qxqr) + " --help' for more information.\n";
+}
+
+// A command line that the argument parser accepted can still lack the
+// words after "--", or have them where the command takes none.
+Result runCommand(Command& command, const Arguments& arguments)
+{
+    const char* operandName = command.operandName();
+    if (!operandName) {
+        if (arguments.separated)
+            throw UsageError(command.app().get_name() + ": '--' is not expected");
+        return command.run({});
+    }
+    if (arguments.operands.empty())
+        throw UsageError(command.app().get_name() + ": no " + operandName + " given after '--'");
+    return command.run(expandStandardInput(arguments.operands, std::cin));
+}
+
+Command& selectedCommand(const std::vector<Command*>& commands)
+{
+    for (Command* command : commands)
+        if (command->app().parsed())
+            return *command;
+    throw std::logic_error("no command selected");  // require_subcommand(1) rules this out
+}
+
+int write(const Result& result)
+{
+    std::cout << result.out << std::flush;
+    std::cerr << result.err << std::flush;
+    return result.status;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    Arguments arguments = splitAtSeparator(argc, argv);
+
+    CLI::App qxqr("Check, query and walk rules scripts.", "qxqr");
+    qxqr.require_subcommand(1);
+    qxqr.set_version_flag("--version", versionText, "Print the library's version and build date and exit");
+    qxqr.failure_message([](const CLI::App* app, const CLI::Error& error) { return usageMessage(*app, error.what()); });
+    CheckCommand check(qxqr);
+    QueryCommand query(qxqr);
+    WalkCommand walk(qxqr);
+    TraceCommand trace(qxqr);
+
+    try {
+        qxqr.parse(static_cast<int>(arguments.parsed.size()), arguments.parsed.data());
+    } catch (const CLI::ParseError& error) {
+        std::ostringstream out, err;
+        int status = qxqr.exit(error, out, err);
+        return write({out.str(), err.str(), status == 0 ? 0 : usageStatus});
+    }
+
+    try {
+        return write(runCommand(selectedCommand({&check, &query, &walk, &trace}), arguments));
+    } catch (const UsageError& error) {
+        return write({"", usageMessage(qxqr, error.what()), usageStatus});
+    } catch (const Failure& failure) {
+        return write({"", failure.what(), 1});
+    } catch (const std::exception& error) {
+        return write({"", std::string("qxqr: ") + error.what() + "\n", 1});
+    }
+}
