@@ -146,6 +146,8 @@ TEST(Bindings, ToolboxJointIsNormalized) {
 TEST(Bindings, ArgumentsAreNormalized) {
     const Bindings bindings(" /opt//v ", "//src//main.c\n", "/a//b", "\t/w//x");
     EXPECT_EQ(valueOf(bindings, "vantor"), "/opt/v");
+    // Made from the normalized root, not from the root as given.
+    EXPECT_EQ(valueOf(bindings, "toolbox"), "/opt/v/toolbox");
     EXPECT_EQ(valueOf(bindings, "file"), "/src/main.c");
     EXPECT_EQ(valueOf(bindings, "caller"), "/a/b");
     EXPECT_EQ(valueOf(bindings, "cwd"), "/w/x");

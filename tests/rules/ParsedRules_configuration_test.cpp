@@ -101,16 +101,29 @@ TEST(ParsedRulesConfiguration, BindVariableSkipsRulesWithoutCondition) {
     EXPECT_EQ(tracker.log, Texts{"substitute p"});
 }
 
+// A '$' at the end of a path names the empty variable: a null name taken as
+// empty would replace it, a null value taken as empty would erase $x.
 TEST(ParsedRulesConfiguration, BindVariableWithNullNameOrValueChangesNothing) {
-    ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>("E", equals("$x", "$file"))}, nullptr, nullptr);
+    ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>("E", equals("$x", "/a$"))}, nullptr, nullptr);
     const std::string before = printed(rules);
     rules.bindVariable(nullptr, "/v");
     rules.bindVariable("x", nullptr);
     rules.bindVariable(nullptr, nullptr);
     EXPECT_EQ(printed(rules), before);
-    EXPECT_EQ(before, "\texclude if equals($x,$file)\n\n");
-    rules.bindVariable("x", "/v");
-    EXPECT_EQ(printed(rules), "\texclude if equals(/v,$file)\n\n");
+    EXPECT_EQ(before, "\texclude if equals($x,/a$)\n\n");
+    rules.bindVariable("", "/v");
+    EXPECT_EQ(printed(rules), "\texclude if equals($x,/a/v)\n\n");
+    rules.bindVariable("x", "/w");
+    EXPECT_EQ(printed(rules), "\texclude if equals(/w,/a/v)\n\n");
+}
+
+// The pair is made of two paths, so both texts are normalized: the blanks
+// around the name and the value go, which a substitution alone would not do
+// to the blank between /a and the value.
+TEST(ParsedRulesConfiguration, BindVariableNormalizesNameAndValue) {
+    ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>("E", exists("/a$x"))}, nullptr, nullptr);
+    rules.bindVariable(" x ", " /v//w ");
+    EXPECT_EQ(printed(rules), "\texclude if exists(/a/v/w)\n\n");
 }
 
 TEST(ParsedRulesConfiguration, BindVariableWithNullListsDoesNothing) {

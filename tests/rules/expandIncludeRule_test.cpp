@@ -67,6 +67,14 @@ TEST_F(IncludeExpansion, DirectoryReportsItsFiles) {
               (Paths{at("lib/a.txt"), at("lib/ab.txt"), at("lib/b.txt"), at("lib/c.so")}));
 }
 
+// Being a directory decides before the wildcard test: a directory whose
+// name holds a '?' is listed as a whole, not matched as a pattern (which
+// would find the directory itself and drop it).
+TEST_F(IncludeExpansion, DirectoryWithAWildcardInItsNameIsListedAsAWhole) {
+    tree.file("odd?dir/inside.h");
+    EXPECT_EQ(expand({at("odd?dir")}, truth(true)), Paths{at("odd?dir/inside.h")});
+}
+
 TEST_F(IncludeExpansion, QuestionMarkPatternIsMatched) {
     EXPECT_EQ(expand({at("lib/?.txt")}, truth(true)), (Paths{at("lib/a.txt"), at("lib/b.txt")}));
 }

@@ -72,6 +72,19 @@ TEST(precompute, MergedExcludeRulesReportTheFirstRulesText) {
     EXPECT_FALSE(rules.isExcluded("/c", nullptr, nullptr));
 }
 
+TEST(precompute, MergedPruneRulesReportTheFirstRulesText) {
+    ParsedRules rules(nullptr,
+                      new PruneRuleList{rule<PruneRule>("rule A", equals("$file", "/a")),
+                                        rule<PruneRule>("rule B", equals("$file", "/b"))},
+                      nullptr);
+    EXPECT_TRUE(rules.isPruned("/b", nullptr, nullptr));
+    EXPECT_EQ(rules.getLastMatchText(), "rule B");
+    rules.precompute();
+    EXPECT_TRUE(rules.isPruned("/b", nullptr, nullptr));
+    EXPECT_EQ(rules.getLastMatchText(), "rule A");
+    EXPECT_EQ(printed(rules), "\tprune if or([equals($file,/a),equals($file,/b)])\n\n");
+}
+
 TEST(precompute, MergesExcludeAndPruneRulesAndSimplifiesThem) {
     ParsedRules rules(
         excludeRules({rule<ExcludeRule>("E1", equals("$file", "/a")),

@@ -64,6 +64,34 @@ TEST(simplifyCondition, OtherConditionsWithVariablesAreReturnedThemselves) {
     }
 }
 
+// Only the exact classes are rewritten: a class derived from one of them is
+// some other condition, left as it is also where it stands as an operand.
+TEST(simplifyCondition, DerivedClassesAreReturnedUnchanged) {
+    struct TaggedAnd : MultiAndExpression {};
+    struct TaggedNot : NotExpression<bool> {
+        using NotExpression<bool>::NotExpression;
+    };
+    TaggedAnd* tagged = new TaggedAnd;
+    tagged->append(exists("$a"));
+    tagged->append(truth(true));
+    const Owned alone = simplified(tagged);
+    EXPECT_EQ(alone.get(), tagged);
+    EXPECT_EQ(printed(*alone), "or([exists($a),true])");
+
+    Expression<bool>* negated = new TaggedNot(negation(exists("$a")));
+    const Owned doubled = simplified(negated);
+    EXPECT_EQ(doubled.get(), negated);
+    EXPECT_EQ(printed(*doubled), "not(not(exists($a)))");
+
+    TaggedAnd* operand = new TaggedAnd;
+    operand->append(exists("$b"));
+    operand->append(exists("$c"));
+    const Owned outer = simplified(all({exists("$a"), operand}));
+    ASSERT_EQ(typeid(*outer), typeid(MultiAndExpression));
+    ASSERT_EQ(static_cast<MultiAndExpression&>(*outer).operands().size(), 2u);
+    EXPECT_EQ(static_cast<MultiAndExpression&>(*outer).operands()[1], operand);
+}
+
 TEST(simplifyCondition, DoubleNegationIsRemoved) {
     Expression<bool>* x = exists("$file");
     const Owned result = simplified(negation(negation(x)));
