@@ -1,0 +1,51 @@
+#ifndef QXQRSCRIPT_PELOR_ACTION_ADAPTER_HPP
+#define QXQRSCRIPT_PELOR_ACTION_ADAPTER_HPP
+
+#include "pelor/parser.hpp"
+
+namespace pelor {
+
+// Semantic action: matches `Subject`, then at once calls
+//     action(first, last)
+// with the start and the end of the text the subject matched, before anything
+// after it is tried. `Action` is any copyable type callable that way through a
+// const object; it returns nothing and cannot refuse a match.
+//
+// The action runs exactly once per successful match of its subject and not
+// at all when the subject fails. Nested actions run innermost first, since
+// the inner subject finishes first. Nothing an action did is undone when an
+// enclosing expression fails and the parser backtracks; if the text is then
+// matched again, the action runs again. Exceptions from the action pass
+// through untouched.
+template <class Subject, class Action>
+class action_adapter : public parser<action_adapter<Subject, Action>> {
+public:
+    action_adapter(const Subject& subject, const Action& action) : subject_(subject), action_(action) {}
+
+    template <class Iterator>
+    bool match(Iterator& pos, Iterator end) const
+    {
+        Iterator cursor = pos;
+        if (!subject_.match(cursor, end)) {
+            return false;
+        }
+        action_(pos, cursor);
+        pos = cursor;
+        return true;
+    }
+
+private:
+    Subject subject_;
+    Action action_;
+};
+
+template <class P>
+template <class Action>
+action_adapter<P, Action> parser<P>::operator[](const Action& action) const
+{
+    return action_adapter<P, Action>(derived(), action);
+}
+
+} // namespace pelor
+
+#endif

@@ -1,0 +1,21 @@
+#ifndef QXQRSCRIPT_PELOR_EPSILON_HPP
+#define QXQRSCRIPT_PELOR_EPSILON_HPP
+
+#include "pelor/parser.hpp"
+
+namespace pelor {
+
+// Always matches, consuming nothing, the end of input included. Its use is to
+// carry an action, which then runs whenever matching reaches that point.
+class epsilon : public parser<epsilon> {
+public:
+    template <class Iterator>
+    bool match(Iterator&, Iterator) const
+    {
+        return true;
+    }
+};
+
+} // namespace pelor
+
+#endif

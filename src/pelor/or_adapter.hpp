@@ -1,0 +1,53 @@
+#ifndef QXQRSCRIPT_PELOR_OR_ADAPTER_HPP
+#define QXQRSCRIPT_PELOR_OR_ADAPTER_HPP
+
+#include "pelor/parser.hpp"
+
+namespace pelor {
+
+// Ordered choice: matches `A` if it can, and otherwise tries `B` from the same
+// starting position. The first alternative that matches wins, even when the
+// other would match more; `B` is not tried then. Nothing is memoised: an
+// abandoned alternative is simply forgotten, and whatever its actions did
+// stays done.
+template <class A, class B>
+class or_adapter : public parser<or_adapter<A, B>> {
+public:
+    or_adapter(const A& left, const B& right) : left_(left), right_(right) {}
+
+    template <class Iterator>
+    bool match(Iterator& pos, Iterator end) const
+    {
+        return attempt(left_, pos, end) || attempt(right_, pos, end);
+    }
+
+private:
+    // Matches `alternative` on a fresh copy of the starting position, and
+    // hands the copy back only on success.
+    template <class Alternative, class Iterator>
+    static bool attempt(const Alternative& alternative, Iterator& pos, Iterator end)
+    {
+        Iterator cursor = pos;
+        if (!alternative.match(cursor, end)) {
+            return false;
+        }
+        pos = cursor;
+        return true;
+    }
+
+    A left_;
+    B right_;
+};
+
+// `a | b` is the choice of a, or else b. Longer choices nest to the left as
+// written, with the first alternative innermost: a | b | c is
+// or_adapter<or_adapter<a, b>, c>.
+template <class A, class B>
+or_adapter<A, B> operator|(const parser<A>& left, const parser<B>& right)
+{
+    return or_adapter<A, B>(left.derived(), right.derived());
+}
+
+} // namespace pelor
+
+#endif

@@ -1,0 +1,210 @@
+// Matching must not allocate. This executable replaces the global allocation
+// functions with counting ones, builds a grammar that uses every primitive,
+// every predicate, every adapter and rule references (building may allocate),
+// then matches a long text over each kind of position and checks that the
+// count did not move.
+
+#include "pelor/pelor.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+#include <string>
+
+namespace {
+
+std::size_t allocationCount = 0;
+
+void* countedAllocation(std::size_t size)
+{
+    ++allocationCount;
+    return std::malloc(size == 0 ? 1 : size);
+}
+
+} // namespace
+
+void* operator new(std::size_t size)
+{
+    if (void* memory = countedAllocation(size)) {
+        return memory;
+    }
+    throw std::bad_alloc();
+}
+
+void* operator new[](std::size_t size)
+{
+    return operator new(size);
+}
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    return countedAllocation(size);
+}
+
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
+{
+    return countedAllocation(size);
+}
+
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete[](void* memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete[](void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+namespace {
+
+using pelor::ch;
+using pelor::lit;
+using pelor::ref;
+using pelor::rule;
+
+// Counts calls without allocating.
+class Tally {
+public:
+    explicit Tally(int& calls) : calls_(&calls) {}
+
+    template <class Iterator>
+    void operator()(Iterator, Iterator) const
+    {
+        ++*calls_;
+    }
+
+private:
+    int* calls_;
+};
+
+// Statements of the form "let name = value;", "print name;" or
+// "print_every_value;", with blanks and newlines between them. The last
+// keyword is longer than any string kept inside a std::string object, so a
+// literal that copied the input to compare it would be caught allocating.
+class StatementGrammar {
+public:
+    StatementGrammar()
+    {
+        using pelor::char_class;
+        using pelor::exact_char;
+        using pelor::not_char_predicate;
+        using pelor::or_char_predicate;
+
+        const auto boundary = pelor::at(char_class<not_char_predicate<pelor::word_char>>());
+        const char_class<or_char_predicate<exact_char, exact_char>> blankChar(
+            or_char_predicate<exact_char, exact_char>(' ', '\t'));
+        blank = pelor::zero_or_more(blankChar);
+        newline = (lit("\r\n") | ch('\n'))[Tally(lines)];
+        name = char_class<pelor::alpha>() >> pelor::zero_or_more(char_class<pelor::alnum>());
+        value = pelor::one_or_more(char_class<not_char_predicate<exact_char>>(not_char_predicate<exact_char>(';')));
+        let = lit("let") >> boundary >> ref<rule>(blank) >> ref<rule>(name) >> ref<rule>(blank) >> ch('=') >>
+              ref<rule>(blank) >> ref<rule>(value);
+        print = lit("print_every_value") >> boundary |
+                lit("print") >> boundary >> ref<rule>(blank) >> ref<rule>(name);
+        statement = pelor::epsilon()[Tally(statementsTried)] >>
+                    ((ref<rule>(let) | ref<rule>(print)) >> pelor::optional(ref<rule>(blank)) >> ch(';'))[Tally(statements)];
+        script = pelor::zero_or_more(ref<rule>(statement) | ref<rule>(newline) | pelor::one_or_more(blankChar)) >>
+                 pelor::repeat<1, 2>(pelor::end_of_input());
+    }
+
+    rule blank;
+    rule newline;
+    rule name;
+    rule value;
+    rule let;
+    rule print;
+    rule statement;
+    rule script;
+    int lines = 0;
+    int statements = 0;
+    int statementsTried = 0;
+};
+
+const int repetitions = 2000;
+
+std::string longScript()
+{
+    std::string text;
+    for (int i = 0; i < repetitions; ++i) {
+        text += "let x1 = some value;\r\n\tprint x1 ; print_every_value;\n";
+    }
+    return text;
+}
+
+template <class Iterator>
+void expectNoAllocation(StatementGrammar& grammar, Iterator begin, Iterator end)
+{
+    grammar.lines = 0;
+    grammar.statements = 0;
+    Iterator pos = begin;
+    const std::size_t before = allocationCount;
+    const bool matched = grammar.script.body()->parse(pos, end);
+    const std::size_t after = allocationCount;
+    EXPECT_EQ(after, before);
+    EXPECT_TRUE(matched);
+    EXPECT_TRUE(pos == end);
+    EXPECT_EQ(grammar.lines, 2 * repetitions);
+    EXPECT_EQ(grammar.statements, 3 * repetitions);
+}
+
+TEST(NoAllocation, CountingSeesAllocations)
+{
+    const std::size_t before = allocationCount;
+    const std::string text = longScript();
+    EXPECT_GT(allocationCount, before);
+    EXPECT_GT(text.size(), 0u);
+}
+
+TEST(NoAllocation, BuildingAGrammarMayAllocate)
+{
+    const std::size_t before = allocationCount;
+    const StatementGrammar grammar;
+    EXPECT_GE(allocationCount, before + 8);
+}
+
+TEST(NoAllocation, MatchingAllocatesNothing)
+{
+    StatementGrammar grammar;
+    std::string text = longScript();
+    const char* pos = text.data();
+    const std::size_t before = allocationCount;
+    const bool matched = grammar.script.match(pos, text.data() + text.size());
+    EXPECT_EQ(allocationCount, before);
+    EXPECT_TRUE(matched);
+    EXPECT_EQ(pos, text.data() + text.size());
+    EXPECT_EQ(grammar.statements, 3 * repetitions);
+    EXPECT_GT(grammar.statementsTried, grammar.statements);
+
+    const char* const constBegin = text.data();
+    expectNoAllocation(grammar, constBegin, constBegin + text.size());
+    expectNoAllocation(grammar, text.data(), text.data() + text.size());
+    expectNoAllocation(grammar, text.cbegin(), text.cend());
+    expectNoAllocation(grammar, text.begin(), text.end());
+}
+
+TEST(NoAllocation, FailingAndBacktrackingAllocateNothing)
+{
+    StatementGrammar grammar;
+    std::string text = longScript() + "let = ;";
+    const char* pos = text.data();
+    const std::size_t before = allocationCount;
+    const bool matched = grammar.script.match(pos, text.data() + text.size());
+    EXPECT_EQ(allocationCount, before);
+    EXPECT_FALSE(matched);
+    EXPECT_EQ(pos, text.data());
+}
+
+} // namespace

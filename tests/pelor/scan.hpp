@@ -1,0 +1,76 @@
+#ifndef QXQRSCRIPT_TESTS_PELOR_SCAN_HPP
+#define QXQRSCRIPT_TESTS_PELOR_SCAN_HPP
+
+#include <cstddef>
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+// What one match did: whether it matched, and how far the position moved.
+struct Scan {
+    bool matched;
+    std::ptrdiff_t consumed;
+
+    bool operator==(const Scan& other) const { return matched == other.matched && consumed == other.consumed; }
+};
+
+inline std::ostream& operator<<(std::ostream& out, const Scan& scan)
+{
+    return out << (scan.matched ? "matched, consumed " : "failed, moved ") << scan.consumed;
+}
+
+inline Scan matched(std::ptrdiff_t consumed)
+{
+    return Scan{true, consumed};
+}
+
+// A failure that left the position where it was.
+inline Scan failed()
+{
+    return Scan{false, 0};
+}
+
+// Matches `parser` over `text` from byte `start` on, through character
+// pointers, the position kind the script front end uses.
+template <class Parser>
+Scan scan(const Parser& parser, const std::string& text, std::size_t start = 0)
+{
+    const char* const begin = text.data() + start;
+    const char* pos = begin;
+    const bool result = parser.match(pos, text.data() + text.size());
+    return Scan{result, pos - begin};
+}
+
+// An action that logs "label:matched text" for every call.
+class Recorder {
+public:
+    Recorder(std::vector<std::string>& log, std::string label) : log_(&log), label_(std::move(label)) {}
+
+    template <class Iterator>
+    void operator()(Iterator first, Iterator last) const
+    {
+        log_->push_back(label_ + ":" + std::string(first, last));
+    }
+
+private:
+    std::vector<std::string>* log_;
+    std::string label_;
+};
+
+// An action that counts its calls.
+class Counter {
+public:
+    explicit Counter(int& calls) : calls_(&calls) {}
+
+    template <class Iterator>
+    void operator()(Iterator, Iterator) const
+    {
+        ++*calls_;
+    }
+
+private:
+    int* calls_;
+};
+
+#endif
