@@ -20,6 +20,9 @@ bool readWholeFile(const char* file, std::unique_ptr<char[]>& buffer) {
         return false;
     in.seekg(0, std::ios::end);
     const std::streamoff size = in.tellg();
+    // Some files, many under /proc among them, cannot tell their size.
+    if (size < 0)
+        return false;
     in.seekg(0, std::ios::beg);
     buffer.reset(new char[size + 1]);
     in.read(buffer.get(), size);

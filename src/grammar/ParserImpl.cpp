@@ -80,6 +80,14 @@ auto ParserImpl::guardedRule() {
              ref(boolean_expression))[PushUnaryOp<NotExpression<bool>>(*this)])[MakeRule(*this)];
 }
 
+// A statement that makes a rule R from a keyword and a guarded condition
+// alone, named after the statement once it has matched.
+template <class R>
+auto ParserImpl::conditionRule(const char* keyword) {
+    return (zero_or_more(ref(blank)) >> lit(keyword) >> one_or_more(ref(blank)) >>
+            guardedRule<PushUnaryOp<R>>())[AttachDebugInfo<R>(*this)];
+}
+
 // Every production is given its body once, in dependency order. Productions
 // refer to each other by reference, which also ties the recursive ones:
 // or_expr inside primary, and_expr inside and_tail, or_expr inside or_tail,
@@ -152,11 +160,9 @@ void ParserImpl::buildGrammar() {
 
     boolean_expression = ref(or_expr)[DebugPrintObject<Expression<bool>>(*this, "boolean expression")];
 
-    exclude_rule = (zero_or_more(ref(blank)) >> lit("exclude") >> one_or_more(ref(blank)) >>
-                    guardedRule<PushUnaryOp<ExcludeRule>>())[AttachDebugInfo<ExcludeRule>(*this)];
+    exclude_rule = conditionRule<ExcludeRule>("exclude");
 
-    prune_rule = (zero_or_more(ref(blank)) >> lit("prune") >> one_or_more(ref(blank)) >>
-                  guardedRule<PushUnaryOp<PruneRule>>())[AttachDebugInfo<PruneRule>(*this)];
+    prune_rule = conditionRule<PruneRule>("prune");
 
     include_rule = (zero_or_more(ref(blank)) >> lit("include") >> one_or_more(ref(blank)) >> ref(path_list) >>
                     one_or_more(ref(blank)) >> guardedRule<PushBinaryOp<IncludeRule>>())[AttachDebugInfo<IncludeRule>(*this)];
@@ -179,9 +185,9 @@ void ParserImpl::matchScript(const char*& cursor, const char* end) {
     // Alternatives that fail after their actions have pushed operands leave
     // those operands behind, below everything that later actions use; a
     // failed parse can leave anything. None of it matters to a new parse.
-    std::get<OperandStack<Expression<bool>>>(stacks_).clear();
-    std::get<OperandStack<Expression<Path>>>(stacks_).clear();
-    std::get<OperandStack<PathList>>(stacks_).clear();
+    stack<Expression<bool>>().clear();
+    stack<Expression<Path>>().clear();
+    stack<PathList>().clear();
     lineCount_ = 1;
     script.match(cursor, end);
 }

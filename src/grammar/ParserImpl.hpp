@@ -93,6 +93,8 @@ private:
     void buildGrammar();
     template <class MakeRule>
     auto guardedRule();
+    template <class R>
+    auto conditionRule(const char* keyword);
 
     // The productions of the rules language, in the order they are built.
     pelor::rule newline;

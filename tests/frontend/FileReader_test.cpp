@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <iostream>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -67,16 +66,6 @@ TEST(FileReader, DirectoryIsUnreadableLikeAMissingFile) {
     EXPECT_EQ(syntaxErrorMessage("before", 1, "bad"), errors.str());
 }
 
-namespace {
-
-// A stream buffer that refuses every character.
-class FailingBuffer : public std::streambuf {
-protected:
-    int_type overflow(int_type) override { return traits_type::eof(); }
-};
-
-} // namespace
-
 // The file's contents are freed also when the parse throws (here from the
 // trace output); the sanitizer build checks that nothing leaks.
 TEST(FileReader, ExceptionFromTheParsePassesThrough) {
@@ -84,14 +73,8 @@ TEST(FileReader, ExceptionFromTheParsePassesThrough) {
     std::string file = tree.file("r.qr", "exclude if a == b\n");
     FileReader reader;
     reader.getParser().setDebugVerbose(true);
-    FailingBuffer failing;
-    std::streambuf* saved = std::cout.rdbuf(&failing);
-    std::ios_base::iostate savedMask = std::cout.exceptions();
-    std::cout.exceptions(std::ios_base::badbit);
+    ThrowingStandardOutput throwing;
     EXPECT_THROW(reader.read(file.c_str()), std::ios_base::failure);
-    std::cout.clear();
-    std::cout.exceptions(savedMask);
-    std::cout.rdbuf(saved);
 }
 
 TEST(FileReader, CarriageReturnsAreKept) {
@@ -105,6 +88,16 @@ TEST(FileReader, CarriageReturnsAreKept) {
     std::unique_ptr<Rules> rules(reader.read(tree.file("good.qr", "exclude if true\r\n\r\nprune if false\r\n").c_str()));
     ASSERT_NE(nullptr, rules);
     EXPECT_EQ("\texclude if exists(a)\n\texclude if true\n\n\tprune if false\n\n", printed(*rules));
+}
+
+TEST(FileReader, ContinuedRuleKeepsItsCarriageReturnInItsName) {
+    TempTree tree;
+    FileReader reader;
+    std::string file = tree.file("cont.qr", "exclude if true and ...\r\n true\r\n");
+    std::unique_ptr<Rules> rules(reader.read(file.c_str()));
+    ASSERT_NE(nullptr, rules);
+    ASSERT_TRUE(rules->isExcluded("f", nullptr, "c"));
+    EXPECT_EQ(file + ", line 2: \nexclude if true and ...\r\n true", rules->getLastMatchText());
 }
 
 TEST(FileReader, SyntaxErrorNamesTheFile) {
@@ -163,4 +156,16 @@ TEST(FileReader, ConstAccessToTheParser) {
     const FileReader& constReader = reader;
     EXPECT_TRUE(constReader.getParser().getDebugVerbose());
     EXPECT_EQ(&reader.getParser(), &constReader.getParser());
+}
+
+// A file whose size cannot be taken (as with most files under /proc) cannot
+// be read whole: it is treated like a missing file.
+TEST(FileReader, FileWithoutASizeIsUnreadable) {
+    FileReader reader;
+    std::ostringstream errors;
+    reader.getParser().setErrorSink(&errors);
+    reader.getParser().setScriptName("before");
+    EXPECT_EQ(nullptr, reader.read("/proc/self/status"));
+    reader.getParser().parse("bad\n");
+    EXPECT_EQ(syntaxErrorMessage("before", 1, "bad"), errors.str());
 }

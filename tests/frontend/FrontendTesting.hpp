@@ -3,8 +3,10 @@
 
 #include <qxqrscript/Rules.hpp>
 
+#include <iostream>
 #include <memory>
 #include <sstream>
+#include <streambuf>
 #include <string>
 
 namespace FrontendTesting {
@@ -20,6 +22,33 @@ inline std::string printed(const QuorelScript::Rules& rules) {
 inline std::string syntaxErrorMessage(const std::string& name, int line, const std::string& text) {
     return "Syntax error in quorel rules script (" + name + ") at line " + std::to_string(line) + ":\n" + text + "\n\n";
 }
+
+// While it exists, writing to standard output throws std::ios_base::failure:
+// a way to make an exception leave a parse that traces.
+class ThrowingStandardOutput {
+public:
+    ThrowingStandardOutput() : savedBuffer_(std::cout.rdbuf(&refusing_)), savedMask_(std::cout.exceptions()) {
+        std::cout.exceptions(std::ios_base::badbit);
+    }
+    ThrowingStandardOutput(const ThrowingStandardOutput&) = delete;
+    ThrowingStandardOutput& operator=(const ThrowingStandardOutput&) = delete;
+    ~ThrowingStandardOutput() {
+        std::cout.clear();
+        std::cout.exceptions(savedMask_);
+        std::cout.rdbuf(savedBuffer_);
+    }
+
+private:
+    // Refuses every character.
+    class RefusingBuffer : public std::streambuf {
+    protected:
+        int_type overflow(int_type) override { return traits_type::eof(); }
+    };
+
+    RefusingBuffer refusing_;
+    std::streambuf* savedBuffer_;
+    std::ios_base::iostate savedMask_;
+};
 
 } // namespace FrontendTesting
 

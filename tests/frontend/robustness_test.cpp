@@ -90,6 +90,19 @@ TEST(Robustness, RandomBytes) {
     }
 }
 
+TEST(Robustness, RandomBytesOfEveryValue) {
+    std::mt19937 random(4242);
+    std::uniform_int_distribution<int> byte(1, 255);
+    std::uniform_int_distribution<std::size_t> length(0, 60);
+    Parser parser;
+    for (int i = 0; i < 2000; ++i) {
+        std::string text;
+        for (std::size_t n = length(random); n > 0; --n)
+            text += static_cast<char>(byte(random));
+        expectRuleSetOrSyntaxError(parser, text);
+    }
+}
+
 TEST(Robustness, RandomWords) {
     const std::vector<std::string> words = {
         "exclude", "include", "prune", "if",   "unless", "not",    "in", "not in", "and", "or",  "exists",

@@ -39,8 +39,12 @@ TEST(PushNewPathLiteral, LeadingQuoteAloneIsDropped) {
     EXPECT_EQ("ab", pushedFor("\"ab"));
 }
 
-TEST(PushNewPathLiteral, TrailingQuoteStaysWhenTheTextDoesNotStartWithOne) {
-    EXPECT_EQ("ab\"", pushedFor("ab\""));
+TEST(PushNewPathLiteral, TrailingQuoteAloneIsDropped) {
+    EXPECT_EQ("ab", pushedFor("ab\""));
+}
+
+TEST(PushNewPathLiteral, QuotesInsideAreKept) {
+    EXPECT_EQ("a\"b", pushedFor("\"a\"b\""));
 }
 
 TEST(PushNewPathLiteral, SingleQuoteLeavesAnEmptyPath) {

@@ -46,6 +46,15 @@ TEST(DebugTrace, MessageRunsToTheEndOfTheText) {
               traceOf("\nexclude if a exists"));
 }
 
+// The rest of the line stops at the '\n' alone: a carriage return before it
+// is printed.
+TEST(DebugTrace, MessageKeepsTheCarriageReturn) {
+    EXPECT_EQ("Attempting to parse equals expression at line 1: == b\r\n"
+              "Parsed (boolean expression): a == b\n"
+              "    parse tree: equals(a,b)\n",
+              traceOf("exclude if a == b\r\n"));
+}
+
 // A failed attempt to read "not" as the path of a comparison prints too.
 TEST(DebugTrace, FailedAttemptsPrintAsWell) {
     EXPECT_EQ("Attempting to parse equals expression at line 1: a exists\n"

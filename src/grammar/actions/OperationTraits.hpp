@@ -71,16 +71,43 @@ struct Operation<EqualsExpression<Path>>
 template <>
 struct Operation<InExpression> : BinaryNodeOperation<InExpression, Expression<bool>, Expression<Path>, PathList> {};
 
-// A rule is made from its finished condition (and an include rule from its
-// paths too) and goes to the end of the parser's list of its kind.
-template <>
-struct Operation<ExcludeRule> : UnaryNodeOperation<ExcludeRule, ExcludeRule, Expression<bool>> {};
+// A rule is made from its finished condition and goes to the end of the
+// parser's list of its kind. A rule record frees the parts it was built from
+// when its own construction fails, so it is built empty and given its parts
+// only once it exists: otherwise a failing construction would free them a
+// second time.
+template <class R>
+struct ConditionRuleOperation {
+    typedef Expression<bool> Operand;
+    typedef R Result;
+
+    static Owned<R> build(Owned<Expression<bool>> condition) {
+        Owned<R> rule(new R(nullptr));
+        rule->condition = condition.release();
+        return rule;
+    }
+};
 
 template <>
-struct Operation<PruneRule> : UnaryNodeOperation<PruneRule, PruneRule, Expression<bool>> {};
+struct Operation<ExcludeRule> : ConditionRuleOperation<ExcludeRule> {};
 
 template <>
-struct Operation<IncludeRule> : BinaryNodeOperation<IncludeRule, IncludeRule, PathList, Expression<bool>> {};
+struct Operation<PruneRule> : ConditionRuleOperation<PruneRule> {};
+
+// An include rule takes its paths first and its condition second.
+template <>
+struct Operation<IncludeRule> {
+    typedef PathList Left;
+    typedef Expression<bool> Right;
+    typedef IncludeRule Result;
+
+    static Owned<IncludeRule> build(Owned<PathList> paths, Owned<Expression<bool>> condition) {
+        Owned<IncludeRule> rule(new IncludeRule(nullptr, nullptr));
+        rule->paths = paths.release();
+        rule->condition = condition.release();
+        return rule;
+    }
+};
 
 } // namespace QuorelScript
 
