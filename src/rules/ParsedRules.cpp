@@ -23,11 +23,17 @@ void deleteRuleList(std::vector<Rule*>* rules) {
     delete rules;
 }
 
-// Takes ownership of `rule`, also when the list cannot grow.
+// Takes ownership of `rule`, also when the list cannot grow. A rule set made
+// from a script without rules of this kind has no list for them; appending a
+// later script's rule creates it, so that several scripts can be combined in
+// any order. A present list prints exactly as before, so only the crash that
+// a missing list would cause is avoided.
 template <class Rule>
-void appendOwned(std::vector<Rule*>& rules, Rule* rule) {
+void appendOwned(std::vector<Rule*>*& rules, Rule* rule) {
     std::unique_ptr<Rule> owned(rule);
-    rules.push_back(rule);
+    if (rules == nullptr)
+        rules = new std::vector<Rule*>;
+    rules->push_back(rule);
     owned.release();
 }
 
@@ -157,15 +163,15 @@ const std::string& ParsedRules::getLastMatchText() const {
 }
 
 void ParsedRules::appendExcludeRule(ExcludeRule* rule) {
-    appendOwned(*excludeRules, rule);
+    appendOwned(excludeRules, rule);
 }
 
 void ParsedRules::appendIncludeRule(IncludeRule* rule) {
-    appendOwned(*includeRules, rule);
+    appendOwned(includeRules, rule);
 }
 
 void ParsedRules::appendPruneRule(PruneRule* rule) {
-    appendOwned(*pruneRules, rule);
+    appendOwned(pruneRules, rule);
 }
 
 } // namespace QuorelScript

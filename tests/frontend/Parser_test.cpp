@@ -42,6 +42,18 @@ TEST(Parser, EmptyTextAddsNothingToARuleSet) {
     EXPECT_EQ("\n\n\n", printed(*rules));
 }
 
+TEST(Parser, ScriptsCombineWhateverKindsOfRulesTheyHold) {
+    Parser parser;
+    std::unique_ptr<Rules> rules(parser.parse("% only a comment\n"));
+    ASSERT_NE(nullptr, rules);
+    parser.parse(rules.get(), "include [a] if b exists\nexclude if c exists\n");
+    EXPECT_EQ("\texclude if exists(c)\n"
+              "\n"
+              "\tinclude [a] if exists(b)\n"
+              "\n",
+              printed(*rules));
+}
+
 TEST(Parser, SyntaxErrorOnTheThirdLine) {
     Parser parser;
     std::ostringstream errors;

@@ -45,3 +45,12 @@ TEST(ParsedRulesAppend, AppendedRulesAreFreedWithTheRuleSet) {
     }
     EXPECT_EQ(tracker.alive, 0);
 }
+
+TEST(ParsedRulesAppend, AppendingToAMissingListCreatesIt) {
+    ParsedRules rules(nullptr, nullptr, nullptr);
+    rules.appendPruneRule(rule<PruneRule>("P", equals("$file", "/p")));
+    EXPECT_EQ(printed(rules), "\tprune if equals($file,/p)\n"
+                              "\n");
+    EXPECT_TRUE(rules.isPruned("/p", nullptr, nullptr));
+    EXPECT_EQ(rules.getLastMatchText(), "P");
+}

@@ -6,6 +6,7 @@ A case file holds, in this order:
     # comment lines, saying what the case shows
     $ qxqr query --explain rules/basic.rules -- tree/a.c
     < a line given on standard input (as many as needed)
+    > /dev/full
     ? 0
     --- stdout
     the exact standard output, line by line
@@ -13,7 +14,8 @@ A case file holds, in this order:
     the exact standard error, line by line
 
 "$" gives the command line, split as a POSIX shell would; its first word
-names a program given with --program NAME=PATH. "?" gives the exit status.
+names a program given with --program NAME=PATH. ">" sends standard output
+to the file named instead of reading it back. "?" gives the exit status.
 An absent stdout or stderr section means that stream must stay empty.
 Instead of "--- stdout", "--- json" compares the output parsed as JSON with
 the section parsed as JSON, and "--- stdout-matches" requires the output to
@@ -33,7 +35,7 @@ import sys
 
 
 def read_case(path):
-    case = {"command": None, "stdin": [], "status": None, "sections": {}}
+    case = {"command": None, "stdin": [], "stdout_to": None, "status": None, "sections": {}}
     section = None
     with open(path, encoding="utf-8", newline="") as lines:
         for line in lines:
@@ -46,6 +48,8 @@ def read_case(path):
                 case["command"] = shlex.split(line[2:])
             elif line.startswith("< "):
                 case["stdin"].append(line[2:])
+            elif line.startswith("> "):
+                case["stdout_to"] = line[2:].rstrip("\n")
             elif line.startswith("? "):
                 case["status"] = int(line[2:])
             elif not line.startswith("#") and line.strip():
@@ -95,13 +99,18 @@ def main():
     directory = os.path.realpath(arguments.directory)
     case["sections"] = {name: text.replace("@CWD@", directory) for name, text in case["sections"].items()}
     command = [programs.get(case["command"][0], case["command"][0])] + case["command"][1:]
-    run = subprocess.run(command, cwd=directory, input="".join(case["stdin"]).encode(),
-                         stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+    stdout = open(case["stdout_to"], "wb") if case["stdout_to"] else subprocess.PIPE
+    try:
+        run = subprocess.run(command, cwd=directory, input="".join(case["stdin"]).encode(),
+                             stdout=stdout, stderr=subprocess.PIPE)
+    finally:
+        if case["stdout_to"]:
+            stdout.close()
 
     failures = []
     if run.returncode != case["status"]:
         failures.append(f"exit status {run.returncode}, expected {case['status']}")
-    failures += compare_stdout(case["sections"], run.stdout.decode(errors="replace"))
+    failures += compare_stdout(case["sections"], (run.stdout or b"").decode(errors="replace"))
     failures += differences("stderr", case["sections"].get("stderr", ""), run.stderr.decode(errors="replace"))
     for failure in failures:
         print(failure, file=sys.stderr)

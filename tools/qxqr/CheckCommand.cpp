@@ -12,9 +12,7 @@ namespace qxqr {
 CheckCommand::CheckCommand(CLI::App& qxqr)
     : command(qxqr.add_subcommand("check", "Parse the scripts into one rule set and print it"))
 {
-    command->add_option("SCRIPT", scripts, "rules scripts, parsed in order into one rule set")
-        ->type_name("")
-        ->required();
+    addScriptsOperand(*command, scripts);
     command->add_flag("-q,--quiet", quiet, "print nothing; only the exit status tells");
     format.addOption(*command);
 }

@@ -29,9 +29,9 @@ std::pair<std::string, std::string> splitAssignment(const std::string& assignmen
 
 void Configuration::addOptions(CLI::App& command)
 {
-    command.add_option("--root", root, "the installation root ($vantor; $toolbox is DIR/toolbox)")
+    rootOption = command.add_option("--root", root, "the installation root ($vantor; $toolbox is DIR/toolbox)")
         ->type_name("DIR");
-    command.add_option("--cwd", cwd, "the directory that $cwd names (default: the current directory)")
+    cwdOption = command.add_option("--cwd", cwd, "the directory that $cwd names (default: the current directory)")
         ->type_name("DIR");
     command.add_option("--set", assignments, "bind the variable NAME to VALUE in every condition (repeatable)")
         ->type_name("NAME=VALUE")
@@ -42,12 +42,12 @@ void Configuration::addOptions(CLI::App& command)
 
 void Configuration::apply(QuorelScript::Rules& rules) const
 {
-    if (!root.empty())
+    if (rootOption->count())
         rules.setVantorRoot(root.c_str());
-    if (cwd.empty())
-        rules.setCwdFromProcess();
-    else
+    if (cwdOption->count())
         rules.setCwd(cwd.c_str());
+    else
+        rules.setCwdFromProcess();
     for (const std::string& assignment : assignments) {
         auto [name, value] = splitAssignment(assignment);
         rules.bindVariable(name.c_str(), value.c_str());

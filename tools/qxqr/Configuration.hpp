@@ -6,6 +6,7 @@
 
 namespace CLI {
 class App;
+class Option;
 }
 namespace QuorelScript {
 class Rules;
@@ -23,8 +24,12 @@ public:
     void apply(QuorelScript::Rules& rules) const;
 
 private:
+    // Given or not is what counts (an empty --root is still a root), so the
+    // options themselves are kept to ask.
     std::string root;
+    CLI::Option* rootOption = nullptr;
     std::string cwd;
+    CLI::Option* cwdOption = nullptr;
     std::vector<std::string> assignments;  // NAME=VALUE, checked by the parser
     bool precompute = false;
 };

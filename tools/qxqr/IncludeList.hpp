@@ -13,7 +13,6 @@ namespace qxqr {
 class IncludeList : public QuorelRules::Includer {
 public:
     bool include(const char* path) override;
-    const std::vector<std::string>& paths() const { return included; }
 
     // What the include rules of `rules` add for `file`.
     static std::vector<std::string> of(QuorelRules& rules, const std::string& file);

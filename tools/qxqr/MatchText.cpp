@@ -26,4 +26,9 @@ nlohmann::json MatchText::toJson() const
     return {{"script", parts[1].str()}, {"line", std::stol(parts[2].str())}, {"text", parts.suffix().str()}};
 }
 
+nlohmann::json MatchText::toJson(const std::optional<std::string>& text)
+{
+    return text ? MatchText(*text).toJson() : nlohmann::json(nullptr);
+}
+
 } // namespace qxqr

@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -20,6 +21,8 @@ public:
     // {"script": ..., "line": ..., "text": ...}; script and line are null if
     // the text does not have the library's form.
     nlohmann::json toJson() const;
+    // toJson() of the deciding rule's text, or null when no rule decided.
+    static nlohmann::json toJson(const std::optional<std::string>& text);
 
 private:
     std::string whole;

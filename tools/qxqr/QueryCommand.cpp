@@ -55,18 +55,13 @@ std::string asText(const Answer& answer, bool explain)
     return text;
 }
 
-nlohmann::json ruleOrNull(const std::optional<std::string>& rule)
-{
-    return rule ? MatchText(*rule).toJson() : nlohmann::json(nullptr);
-}
-
 nlohmann::json asJson(const Answer& answer)
 {
     return {{"file", answer.file},
             {"excluded", answer.excludedBy.has_value()},
-            {"excluded_by", ruleOrNull(answer.excludedBy)},
+            {"excluded_by", MatchText::toJson(answer.excludedBy)},
             {"pruned", answer.prunedBy.has_value()},
-            {"pruned_by", ruleOrNull(answer.prunedBy)},
+            {"pruned_by", MatchText::toJson(answer.prunedBy)},
             {"includes", answer.includes}};
 }
 
@@ -75,9 +70,7 @@ nlohmann::json asJson(const Answer& answer)
 QueryCommand::QueryCommand(CLI::App& qxqr)
     : command(qxqr.add_subcommand("query", "Tell whether each file is excluded, pruned or kept, and what it includes"))
 {
-    command->add_option("SCRIPT", scripts, "rules scripts, parsed in order into one rule set")
-        ->type_name("")
-        ->required();
+    addScriptsOperand(*command, scripts);
     configuration.addOptions(*command);
     command->add_option("--caller", caller, "the file that refers to each FILE ($caller)")->type_name("FILE");
     command->add_flag("--explain", explain, "show the rule that excluded or pruned a file");

@@ -4,6 +4,8 @@
 
 #include <qxqrscript/FileReader.hpp>
 
+#include <CLI/CLI.hpp>
+
 #include <cerrno>
 #include <cstring>
 #include <sstream>
@@ -61,6 +63,11 @@ std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& s
         }
     }
     return rules;
+}
+
+void addScriptsOperand(CLI::App& command, std::vector<std::string>& scripts)
+{
+    command.add_option("SCRIPT", scripts, "rules scripts, parsed in order into one rule set")->type_name("")->required();
 }
 
 } // namespace qxqr

@@ -3,6 +3,10 @@
 
 #include <qxqrscript/Rules.hpp>
 
+namespace CLI {
+class App;
+}
+
 #include <memory>
 #include <string>
 #include <vector>
@@ -15,6 +19,9 @@ namespace qxqr {
 // with the library's own report for a syntax error. With `verbose` the
 // library traces on standard output how it understood each line.
 std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& scripts, bool verbose = false);
+
+// The SCRIPT... operands of a command that reads scripts into one rule set.
+void addScriptsOperand(CLI::App& command, std::vector<std::string>& scripts);
 
 } // namespace qxqr
 

@@ -3,9 +3,9 @@
 #include "MatchText.hpp"
 #include "Progress.hpp"
 #include "ScriptLoader.hpp"
+#include "Walk.hpp"
 
 #include <CLI/CLI.hpp>
-#include "Walk.hpp"
 
 #include <map>
 
@@ -29,7 +29,7 @@ nlohmann::json asJson(const Visit& visit)
     return {{"file", visit.file},
             {"caller", visit.caller ? nlohmann::json(*visit.caller) : nlohmann::json(nullptr)},
             {"fate", nameOf(visit.fate)},
-            {"rule", visit.rule ? MatchText(*visit.rule).toJson() : nlohmann::json(nullptr)},
+            {"rule", MatchText::toJson(visit.rule)},
             {"includes", visit.includes}};
 }
 
@@ -60,9 +60,7 @@ nlohmann::json summaryJson(const std::map<Fate, std::size_t>& counts)
 WalkCommand::WalkCommand(CLI::App& qxqr)
     : command(qxqr.add_subcommand("walk", "Follow the include rules from start files and tell each file's fate"))
 {
-    command->add_option("SCRIPT", scripts, "rules scripts, parsed in order into one rule set")
-        ->type_name("")
-        ->required();
+    addScriptsOperand(*command, scripts);
     configuration.addOptions(*command);
     command->add_flag("--explain", explain, "show the rule that excluded or pruned a file");
     command->add_flag("--no-progress", noProgress, "never show progress on standard error");

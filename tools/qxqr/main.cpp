@@ -12,6 +12,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cerrno>
+#include <cstring>
 #include <iostream>
 #include <sstream>
 
@@ -61,9 +63,17 @@ Command& selectedCommand(const std::vector<Command*>& commands)
     throw std::logic_error("no command selected");  // require_subcommand(1) rules this out
 }
 
+// An answer that cannot be written out whole (a full disk, say) ends the
+// tool with an error, never with a silent success.
 int write(const Result& result)
 {
+    errno = 0;
     std::cout << result.out << std::flush;
+    if (!std::cout) {
+        std::cerr << "qxqr: cannot write standard output: " << (errno ? std::strerror(errno) : "write failed")
+                  << "\n";
+        return 1;
+    }
     std::cerr << result.err << std::flush;
     return result.status;
 }
