@@ -9,7 +9,8 @@ namespace pelor {
 //     action(first, last)
 // with the start and the end of the text the subject matched, before anything
 // after it is tried. `Action` is any copyable type callable that way through a
-// const object; it returns nothing and cannot refuse a match.
+// const object; it returns nothing and cannot refuse a match. It is handed
+// read-only copies of the two positions, so it cannot move the parser either.
 //
 // The action runs exactly once per successful match of its subject and not
 // at all when the subject fails. Nested actions run innermost first, since
@@ -25,12 +26,14 @@ public:
     template <class Iterator>
     bool match(Iterator& pos, Iterator end) const
     {
-        Iterator cursor = pos;
+        const Iterator start = pos;
+        Iterator cursor = start;
         if (!subject_.match(cursor, end)) {
             return false;
         }
-        action_(pos, cursor);
-        pos = cursor;
+        const Iterator stop = cursor;
+        action_(start, stop);
+        pos = stop;
         return true;
     }
 

@@ -53,7 +53,8 @@ TEST(ActionAdapter, OnAnEmptySubjectGetsAnEmptyRange)
 {
     Log log;
     EXPECT_EQ(scan(pelor::epsilon()[Recorder(log, "here")], "abc", 1), matched(0));
-    EXPECT_EQ(log, (Log{"here:"}));
+    EXPECT_EQ(scan(pelor::epsilon()[Recorder(log, "end")], "abc", 3), matched(0));
+    EXPECT_EQ(log, (Log{"here:", "end:"}));
 }
 
 TEST(ActionAdapter, DoesNotRunWhenTheSubjectFails)

@@ -65,6 +65,16 @@ TEST(CharPredicates, NoByteFrom0x80IsALetterDigitOrWordCharacter)
     }
 }
 
+// Bytes are classified as signed chars: one of 0x80 or above reaches the
+// classification functions as a negative number, not as its unsigned value.
+TEST(CharPredicates, BytesAreClassifiedThroughSignedChar)
+{
+    EXPECT_EQ(pelor::detail::classification_code('A'), 65);
+    EXPECT_EQ(pelor::detail::classification_code('\x80'), -128);
+    EXPECT_EQ(pelor::detail::classification_code('\xE9'), -23);
+    EXPECT_EQ(pelor::detail::classification_code('\xFF'), -1);
+}
+
 TEST(CharPredicates, OrHoldsWhenEitherHolds)
 {
     EXPECT_EQ(acceptedBytes(or_char_predicate<exact_char, exact_char>(' ', '\t')), "\t ");

@@ -48,6 +48,35 @@ TEST(Construction, EveryParserIsMarkedAsOne)
     EXPECT_FALSE(pelor::is_parser<std::string>::value);
 }
 
+// A rule boundary costs one virtual call and nothing inside a body costs any:
+// no parser or predicate type has a virtual function, so every match inside a
+// body is a direct call on a value of known type, and the body type itself is
+// final, so its entry points call the expression's match directly.
+TEST(Construction, NothingButTheRuleBodyIsPolymorphic)
+{
+    using pelor::char_class;
+    using pelor::epsilon;
+    using pelor::exact_char;
+    using pelor::literal_string;
+    using Char = char_class<exact_char>;
+    using Reference = pelor::ref<pelor::rule>;
+    using Body = pelor::and_adapter<pelor::or_adapter<literal_string, Reference>,
+                                    pelor::repeat_adapter<pelor::epsilon_adapter<Char>, 0, -1>>;
+    EXPECT_FALSE(std::is_polymorphic<literal_string>::value);
+    EXPECT_FALSE(std::is_polymorphic<Char>::value);
+    EXPECT_FALSE(std::is_polymorphic<epsilon>::value);
+    EXPECT_FALSE(std::is_polymorphic<pelor::end_of_input>::value);
+    EXPECT_FALSE(std::is_polymorphic<Reference>::value);
+    EXPECT_FALSE(std::is_polymorphic<Body>::value);
+    EXPECT_FALSE((std::is_polymorphic<pelor::action_adapter<Body, void (*)(const char*, const char*)>>::value));
+    using Predicate = pelor::or_char_predicate<pelor::alnum, pelor::not_char_predicate<pelor::word_char>>;
+    EXPECT_FALSE(std::is_polymorphic<Predicate>::value);
+    EXPECT_FALSE(std::is_polymorphic<pelor::alpha>::value);
+    EXPECT_FALSE(std::is_polymorphic<pelor::rule>::value);
+    EXPECT_TRUE(std::is_polymorphic<pelor::rule_impl_base>::value);
+    EXPECT_TRUE(std::is_final<pelor::rule_impl<Body>>::value);
+}
+
 TEST(Construction, PrimitivesAreSmallValues)
 {
     EXPECT_TRUE(std::is_empty<pelor::epsilon>::value);

@@ -2,7 +2,8 @@
 // functions with counting ones, builds a grammar that uses every primitive,
 // every predicate, every adapter and rule references (building may allocate),
 // then matches a long text over each kind of position and checks that the
-// count did not move.
+// count did not move. The same functions can be told to fail, to show what a
+// rule is left with when giving it a body runs out of memory.
 
 #include "pelor/pelor.hpp"
 
@@ -17,8 +18,17 @@ namespace {
 
 std::size_t allocationCount = 0;
 
+// When not negative, the number of allocations still allowed to succeed.
+int allocationsBeforeFailure = -1;
+
 void* countedAllocation(std::size_t size)
 {
+    if (allocationsBeforeFailure == 0) {
+        return nullptr;
+    }
+    if (allocationsBeforeFailure > 0) {
+        --allocationsBeforeFailure;
+    }
     ++allocationCount;
     return std::malloc(size == 0 ? 1 : size);
 }
@@ -205,6 +215,43 @@ TEST(NoAllocation, FailingAndBacktrackingAllocateNothing)
     EXPECT_EQ(allocationCount, before);
     EXPECT_FALSE(matched);
     EXPECT_EQ(pos, text.data());
+}
+
+// Assigns `body` to `target` while only `allowed` allocations may succeed;
+// true when the assignment ran out of memory.
+template <class Body>
+bool assignRunningOutOfMemory(rule& target, const Body& body, int allowed)
+{
+    allocationsBeforeFailure = allowed;
+    bool ranOut = false;
+    try {
+        target = body;
+    } catch (const std::bad_alloc&) {
+        ranOut = true;
+    }
+    allocationsBeforeFailure = -1;
+    return ranOut;
+}
+
+// The new body needs two allocations: the body object, then the copy of its
+// literal's text, too long to be kept inside the string object. Whichever
+// fails, the old body is already gone and nothing leaks.
+TEST(NoAllocation, AssignmentOutOfMemoryLeavesTheRuleWithoutABody)
+{
+    const auto body = lit("a literal much too long to fit in a string object") >> ch('!');
+    for (int allowed = 0; allowed < 2; ++allowed) {
+        rule r;
+        r = lit("old");
+        EXPECT_TRUE(assignRunningOutOfMemory(r, body, allowed)) << allowed;
+        EXPECT_EQ(r.body(), nullptr) << allowed;
+        const std::string text = "old";
+        const char* pos = text.data();
+        EXPECT_FALSE(r.match(pos, text.data() + text.size())) << allowed;
+        EXPECT_EQ(pos, text.data()) << allowed;
+    }
+    rule r;
+    EXPECT_FALSE(assignRunningOutOfMemory(r, body, 2));
+    EXPECT_NE(r.body(), nullptr);
 }
 
 } // namespace

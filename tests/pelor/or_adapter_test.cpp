@@ -40,8 +40,8 @@ TEST(OrAdapter, SecondAlternativeIsNotTriedAfterTheFirstMatched)
 
 TEST(OrAdapter, AtTheEndOnlyEmptyAlternativesMatch)
 {
-    EXPECT_EQ(scan(ch('a') | lit(""), "a", 1), matched(0));
-    EXPECT_EQ(scan(ch('a') | lit("a"), "a", 1), failed());
+    EXPECT_EQ(scanWithin(ch('a') | lit(""), "aa", 1, 1), matched(0));
+    EXPECT_EQ(scanWithin(ch('a') | lit("a"), "aa", 1, 1), failed());
 }
 
 TEST(OrAdapter, LongerChoicesNestToTheLeftFirstInnermost)

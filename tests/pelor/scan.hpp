@@ -31,15 +31,24 @@ inline Scan failed()
     return Scan{false, 0};
 }
 
-// Matches `parser` over `text` from byte `start` on, through character
-// pointers, the position kind the script front end uses.
+// Matches `parser` over the bytes of `text` from `start` up to, but not
+// including, `stop`, through character pointers, the position kind the script
+// front end uses. The bytes from `stop` on stay in memory but are not input,
+// so a parser that read them would be caught.
 template <class Parser>
-Scan scan(const Parser& parser, const std::string& text, std::size_t start = 0)
+Scan scanWithin(const Parser& parser, const std::string& text, std::size_t start, std::size_t stop)
 {
     const char* const begin = text.data() + start;
     const char* pos = begin;
-    const bool result = parser.match(pos, text.data() + text.size());
+    const bool result = parser.match(pos, text.data() + stop);
     return Scan{result, pos - begin};
+}
+
+// Matches `parser` over `text` from byte `start` to the end of the text.
+template <class Parser>
+Scan scan(const Parser& parser, const std::string& text, std::size_t start = 0)
+{
+    return scanWithin(parser, text, start, text.size());
 }
 
 // An action that logs "label:matched text" for every call.
