@@ -2,6 +2,7 @@
 // through and frees everything exactly once. Every allocation of a parse is
 // made to fail in turn; a double delete or a leak shows in the sanitizer
 // build, and mostly as a crash in the others.
+#include "ReplacedAllocator.hpp"
 #include "TempTree.hpp"
 #include "rules/ParsedRules.hpp"
 
@@ -11,7 +12,6 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <cstdlib>
 #include <functional>
 #include <iostream>
 #include <memory>
@@ -19,65 +19,6 @@
 #include <sstream>
 #include <streambuf>
 #include <string>
-
-namespace {
-
-// How many more allocations succeed before one fails; negative for no limit.
-long allocationsLeft = -1;
-bool allocationFailed = false;
-
-void* allocate(std::size_t size) {
-    if (allocationsLeft == 0) {
-        allocationFailed = true;
-        throw std::bad_alloc();
-    }
-    if (allocationsLeft > 0)
-        --allocationsLeft;
-    if (void* memory = std::malloc(size == 0 ? 1 : size))
-        return memory;
-    throw std::bad_alloc();
-}
-
-void* allocateOrNull(std::size_t size) noexcept {
-    try {
-        return allocate(size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    return allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return allocate(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return allocateOrNull(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return allocateOrNull(size);
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, const std::nothrow_t&) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, const std::nothrow_t&) noexcept {
-    std::free(memory);
-}
 
 namespace {
 
@@ -130,19 +71,21 @@ std::unique_ptr<ParsedRules> emptyRuleSet() {
 int failEachAllocationInTurn(const std::function<void()>& parse) {
     int failedRuns = 0;
     for (long allowed = 0;; ++allowed) {
-        allocationFailed = false;
-        allocationsLeft = allowed;
+        ReplacedAllocator::failAfter(allowed);
+        bool ranOut = false;
         try {
             parse();
         } catch (const std::bad_alloc&) {
-            allocationsLeft = -1;
-            EXPECT_TRUE(allocationFailed);
-            ++failedRuns;
-            continue;
+            ranOut = true;
         }
-        allocationsLeft = -1;
-        if (!allocationFailed)
+        const bool someAllocationFailed = ReplacedAllocator::failed();
+        ReplacedAllocator::failAfter(-1);
+        if (ranOut) {
+            EXPECT_TRUE(someAllocationFailed);
+            ++failedRuns;
+        } else if (!someAllocationFailed) {
             return failedRuns;
+        }
     }
 }
 

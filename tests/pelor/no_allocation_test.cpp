@@ -1,5 +1,5 @@
 // Matching must not allocate. This executable replaces the global allocation
-// functions with counting ones, builds a grammar that uses every primitive,
+// functions with counting ones (ReplacedAllocator), builds a grammar that uses every primitive,
 // every predicate, every adapter and rule references (building may allocate),
 // then matches a long text over each kind of position and checks that the
 // count did not move. The same functions can be told to fail, to show what a
@@ -7,76 +7,13 @@
 
 #include "pelor/pelor.hpp"
 
+#include "ReplacedAllocator.hpp"
+
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <cstdlib>
 #include <new>
 #include <string>
-
-namespace {
-
-std::size_t allocationCount = 0;
-
-// When not negative, the number of allocations still allowed to succeed.
-int allocationsBeforeFailure = -1;
-
-void* countedAllocation(std::size_t size)
-{
-    if (allocationsBeforeFailure == 0) {
-        return nullptr;
-    }
-    if (allocationsBeforeFailure > 0) {
-        --allocationsBeforeFailure;
-    }
-    ++allocationCount;
-    return std::malloc(size == 0 ? 1 : size);
-}
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    if (void* memory = countedAllocation(size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-void* operator new[](std::size_t size)
-{
-    return operator new(size);
-}
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    return countedAllocation(size);
-}
-
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
-{
-    return countedAllocation(size);
-}
-
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete[](void* memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete[](void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace {
 
@@ -160,9 +97,9 @@ void expectNoAllocation(StatementGrammar& grammar, Iterator begin, Iterator end)
     grammar.lines = 0;
     grammar.statements = 0;
     Iterator pos = begin;
-    const std::size_t before = allocationCount;
+    const std::size_t before = ReplacedAllocator::count();
     const bool matched = grammar.script.body()->parse(pos, end);
-    const std::size_t after = allocationCount;
+    const std::size_t after = ReplacedAllocator::count();
     EXPECT_EQ(after, before);
     EXPECT_TRUE(matched);
     EXPECT_TRUE(pos == end);
@@ -172,17 +109,17 @@ void expectNoAllocation(StatementGrammar& grammar, Iterator begin, Iterator end)
 
 TEST(NoAllocation, CountingSeesAllocations)
 {
-    const std::size_t before = allocationCount;
+    const std::size_t before = ReplacedAllocator::count();
     const std::string text = longScript();
-    EXPECT_GT(allocationCount, before);
+    EXPECT_GT(ReplacedAllocator::count(), before);
     EXPECT_GT(text.size(), 0u);
 }
 
 TEST(NoAllocation, BuildingAGrammarMayAllocate)
 {
-    const std::size_t before = allocationCount;
+    const std::size_t before = ReplacedAllocator::count();
     const StatementGrammar grammar;
-    EXPECT_GE(allocationCount, before + 8);
+    EXPECT_GE(ReplacedAllocator::count(), before + 8);
 }
 
 TEST(NoAllocation, MatchingAllocatesNothing)
@@ -190,9 +127,9 @@ TEST(NoAllocation, MatchingAllocatesNothing)
     StatementGrammar grammar;
     std::string text = longScript();
     const char* pos = text.data();
-    const std::size_t before = allocationCount;
+    const std::size_t before = ReplacedAllocator::count();
     const bool matched = grammar.script.match(pos, text.data() + text.size());
-    EXPECT_EQ(allocationCount, before);
+    EXPECT_EQ(ReplacedAllocator::count(), before);
     EXPECT_TRUE(matched);
     EXPECT_EQ(pos, text.data() + text.size());
     EXPECT_EQ(grammar.statements, 3 * repetitions);
@@ -210,9 +147,9 @@ TEST(NoAllocation, FailingAndBacktrackingAllocateNothing)
     StatementGrammar grammar;
     std::string text = longScript() + "let = ;";
     const char* pos = text.data();
-    const std::size_t before = allocationCount;
+    const std::size_t before = ReplacedAllocator::count();
     const bool matched = grammar.script.match(pos, text.data() + text.size());
-    EXPECT_EQ(allocationCount, before);
+    EXPECT_EQ(ReplacedAllocator::count(), before);
     EXPECT_FALSE(matched);
     EXPECT_EQ(pos, text.data());
 }
@@ -222,14 +159,14 @@ TEST(NoAllocation, FailingAndBacktrackingAllocateNothing)
 template <class Body>
 bool assignRunningOutOfMemory(rule& target, const Body& body, int allowed)
 {
-    allocationsBeforeFailure = allowed;
+    ReplacedAllocator::failAfter(allowed);
     bool ranOut = false;
     try {
         target = body;
     } catch (const std::bad_alloc&) {
         ranOut = true;
     }
-    allocationsBeforeFailure = -1;
+    ReplacedAllocator::failAfter(-1);
     return ranOut;
 }
 
