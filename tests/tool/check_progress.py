@@ -1,0 +1,85 @@
+#!/usr/bin/env python3
+"""Checks the progress display of `qxqr walk` on a terminal.
+
+A walk over a directory of many files is run with its standard error on a
+pseudo-terminal: the progress line must appear there and be erased at the
+end, while standard output carries the walk alone. With --no-progress the
+terminal must stay empty.
+"""
+
+import argparse
+import os
+import pty
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+FILES = 100000
+ERASE_LINE = "\r\x1b[K"
+
+
+def make_tree(root):
+    directory = Path(root, "many")
+    directory.mkdir()
+    for number in range(FILES):
+        (directory / f"f{number}").touch()
+    Path(root, "start").touch()
+    # Every file is asked about by an exclude and a prune rule, so the walk
+    # takes a while; only the start file includes the directory.
+    Path(root, "walk.rules").write_text(
+        "exclude if $file == nothing\n"
+        "prune if $file == nothing\n"
+        "include [$cwd/many] if $name == start\n")
+
+
+def walk_on_terminal(qxqr, root, options):
+    """Runs the walk with standard error on a terminal; returns (stdout, terminal text)."""
+    controller, terminal = pty.openpty()
+    # Standard output goes to a file, so that the walk never waits for a
+    # reader while this process reads the terminal.
+    output_file = tempfile.TemporaryFile()
+    process = subprocess.Popen([qxqr, "walk"] + options + ["--cwd", root, "walk.rules", "--", "start"],
+                               cwd=root, stdout=output_file, stderr=terminal, stdin=subprocess.DEVNULL)
+    os.close(terminal)
+    shown = b""
+    while True:
+        try:
+            chunk = os.read(controller, 4096)
+        except OSError:  # the terminal closes when the walk ends
+            break
+        if not chunk:
+            break
+        shown += chunk
+    process.wait()
+    output_file.seek(0)
+    output = output_file.read().decode()
+    os.close(controller)
+    if process.returncode != 0:
+        sys.exit(f"qxqr walk {' '.join(options)} failed with status {process.returncode}")
+    return output, shown.decode()
+
+
+def main():
+    arguments = argparse.ArgumentParser()
+    arguments.add_argument("--qxqr", required=True)
+    qxqr = str(Path(arguments.parse_args().qxqr).resolve())
+
+    with tempfile.TemporaryDirectory() as root:
+        make_tree(root)
+        summary = f"{FILES + 1} kept, 0 excluded, 0 pruned\n"
+
+        output, shown = walk_on_terminal(qxqr, root, ["--no-progress"])
+        if not output.endswith(summary) or shown != "":
+            sys.exit(f"with --no-progress the terminal should stay empty, it shows {shown!r}")
+
+        output, shown = walk_on_terminal(qxqr, root, [])
+        if not output.endswith(summary):
+            sys.exit(f"the walk's summary is missing: {output[-200:]!r}")
+        if "files walked" not in shown or not shown.endswith(ERASE_LINE):
+            sys.exit(f"the progress line should show and then be erased, the terminal shows {shown[-200:]!r}")
+    print("progress shows on a terminal and is erased at the end")
+
+
+if __name__ == "__main__":
+    main()
