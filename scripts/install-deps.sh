@@ -4,7 +4,7 @@
 # refreshed when something has to be installed.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ make pkg-config libboost-dev libgtest-dev libcli11-dev nlohmann-json3-dev)
+packages=(cmake ninja-build g++ make pkg-config python3 libboost-dev libgtest-dev libcli11-dev nlohmann-json3-dev)
 
 missing=()
 for package in "${packages[@]}"; do

@@ -16,7 +16,7 @@ QXQRSCRIPT_API bool kfFileOrDirExists(const char* path);
 QXQRSCRIPT_API bool kfIsDirectory(const char* path);
 // The current directory, written into `buffer` of `size` characters;
 // returns `buffer`, or null when the directory cannot be had.
-QXQRSCRIPT_API char* hbGetcwd(char* buffer, size_t size);
+QXQRSCRIPT_API char* hbGetcwd(char* buffer, std::size_t size);
 }
 
 // A callback that receives one path.
