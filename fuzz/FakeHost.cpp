@@ -9,9 +9,9 @@
 // archive member only for a symbol that is still undefined. Each host
 // function is an archive member of its own, so the members of the three
 // functions defined here are never taken, while the rest of the library
-// (hbGetcwd, kfIgnoreString) comes from the archive as usual. Should a member
-// ever be taken for another of its symbols, the link fails on the duplicate
-// definition rather than silently using the disk.
+// (hbGetcwd, hbMultiByteStrStr, kfIgnoreString) comes from the archive as
+// usual. Should a member ever be taken for another of its symbols, the link
+// fails on the duplicate definition rather than silently using the disk.
 #include <qxqrscript/host.hpp>
 
 #include <algorithm>
