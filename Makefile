@@ -3,11 +3,16 @@
 #   make test          ... and run every test
 #   make test-sanitize the same tests under AddressSanitizer and
 #                      UndefinedBehaviorSanitizer, in build-sanitize/
+#   make fuzz          fuzz the library with clang's libFuzzer, each target
+#                      for FUZZ_SECONDS seconds, in build-fuzz/
 #   make demo          run qxqr on the shipped example
 #   make install PREFIX=/some/where
 
 BUILD_DIR      ?= build
 SANITIZE_DIR   ?= build-sanitize
+FUZZ_DIR       ?= build-fuzz
+FUZZ_SECONDS   ?= 60
+FUZZ_TARGETS    = script file_reader
 BUILD_TYPE     ?= RelWithDebInfo
 PREFIX         ?= /usr/local
 JOBS           ?= $(shell nproc)
@@ -15,7 +20,7 @@ JOBS           ?= $(shell nproc)
 export ASAN_OPTIONS  = detect_leaks=1:abort_on_error=0:strict_string_checks=1
 export UBSAN_OPTIONS = print_stacktrace=1:halt_on_error=1
 
-.PHONY: all deps build test test-sanitize demo install clean
+.PHONY: all deps build test test-sanitize fuzz demo install clean
 
 all: build
 
@@ -34,6 +39,15 @@ test-sanitize: deps
 	@cmake --build $(SANITIZE_DIR) -j $(JOBS)
 	ctest --test-dir $(SANITIZE_DIR) --output-on-failure -j $(JOBS)
 
+# Only the library and the fuzz targets, with clang; clang is installed for
+# this target alone.
+fuzz:
+	@scripts/install-deps.sh fuzz
+	@cmake -S . -B $(FUZZ_DIR) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
+	    -DQXQR_FUZZ=ON -DBUILD_TESTING=OFF -DQXQR_BUILD_TOOLS=OFF >/dev/null
+	@cmake --build $(FUZZ_DIR) -j $(JOBS) --target $(addprefix fuzz_,$(FUZZ_TARGETS))
+	@for target in $(FUZZ_TARGETS); do fuzz/run.sh $(FUZZ_DIR) $$target $(FUZZ_SECONDS) || exit 1; done
+
 demo: build
 	$(BUILD_DIR)/qxqr walk --explain --root examples/demo/install --cwd examples/demo/project \
 	    examples/demo.rules -- examples/demo/project/src/main.c
@@ -42,4 +56,4 @@ install: build
 	cmake --install $(BUILD_DIR) --prefix $(PREFIX)
 
 clean:
-	rm -rf $(BUILD_DIR) $(SANITIZE_DIR)
+	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(FUZZ_DIR)
