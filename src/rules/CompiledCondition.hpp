@@ -34,22 +34,14 @@ public:
 
     virtual bool holds(QueryContext& context) const = 0;
 
-    // True when working the condition out asks no host service, so that
-    // skipping it, or working it out ahead of its turn, cannot be noticed.
-    bool isPure() const { return pure_; }
     // True for the literal false, which never holds.
     virtual bool neverHolds() const { return false; }
     // A test that must pass for the condition to hold (null for none), and
     // whether passing it is all the condition asks. Only a test that is
-    // worked out before anything that could ask a host service qualifies.
+    // worked out before anything else qualifies: when it fails, the
+    // condition asks nothing more, so skipping it cannot be noticed.
     virtual const IndexableTest* guard() const { return nullptr; }
     virtual bool isItsGuard() const { return false; }
-
-protected:
-    explicit CompiledCondition(bool pure) : pure_(pure) {}
-
-private:
-    bool pure_;
 };
 
 typedef std::vector<std::unique_ptr<CompiledCondition>> CompiledConditions;

@@ -5,9 +5,7 @@
 namespace QuorelScript {
 
 ConditionSequence::ConditionSequence(CompiledConditions conditions, ScratchLayout& layout)
-    : conditions_(std::move(conditions)), pure_(true), indexed_(false), candidatesSlot_(0) {
-    for (const std::unique_ptr<CompiledCondition>& condition : conditions_)
-        pure_ = pure_ && condition->isPure();
+    : conditions_(std::move(conditions)), indexed_(false), candidatesSlot_(0) {
     const auto guarded = std::count_if(conditions_.begin(), conditions_.end(),
                                        [](const std::unique_ptr<CompiledCondition>& c) { return c->guard(); });
     if (static_cast<std::size_t>(guarded) >= indexThreshold)

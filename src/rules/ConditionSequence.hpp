@@ -20,9 +20,10 @@ namespace QuorelScript {
 // the answer costs one evaluation per condition; here the many conditions
 // that start with a test of a variable against fixed texts are looked up in
 // an index instead, and only those whose test passes are worked out, in
-// order among the conditions that no index covers. What is skipped is pure,
-// and what asks the host services is still asked in its turn, so nothing a
-// host can see differs from the one-by-one answer.
+// order among the conditions that no index covers. A condition is skipped
+// only when the test it starts with fails, which ends its own evaluation
+// before it asks anything else, so nothing a host can see differs from the
+// one-by-one answer: every host-service call is still made, in its turn.
 class ConditionSequence {
 public:
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
@@ -44,7 +45,6 @@ public:
         });
     }
 
-    bool isPure() const { return pure_; }
     // Gives up the conditions; the sequence must not be asked again.
     CompiledConditions takeConditions();
 
@@ -62,7 +62,6 @@ private:
     void walk(QueryContext& context, Step step) const;
 
     CompiledConditions conditions_;
-    bool pure_;
     bool indexed_;
     std::size_t candidatesSlot_;
     // The conditions that no index covers, by position.

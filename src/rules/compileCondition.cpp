@@ -28,7 +28,7 @@ bool startsWith(std::string_view text, std::string_view prefix) {
 
 class FixedCondition : public CompiledCondition {
 public:
-    explicit FixedCondition(bool value) : CompiledCondition(true), value_(value) {}
+    explicit FixedCondition(bool value) : value_(value) {}
     bool holds(QueryContext&) const override { return value_; }
     bool neverHolds() const override { return !value_; }
 
@@ -36,18 +36,10 @@ private:
     bool value_;
 };
 
-bool allPure(const CompiledConditions& conditions) {
-    for (const Compiled& condition : conditions)
-        if (!condition->isPure())
-            return false;
-    return true;
-}
-
 // Operands in order, the first false one deciding.
 class AllCondition : public CompiledCondition {
 public:
-    explicit AllCondition(CompiledConditions operands)
-        : CompiledCondition(allPure(operands)), operands_(std::move(operands)) {}
+    explicit AllCondition(CompiledConditions operands) : operands_(std::move(operands)) {}
 
     bool holds(QueryContext& context) const override {
         for (const Compiled& operand : operands_)
@@ -69,8 +61,7 @@ private:
 // Operands in order, the first true one deciding.
 class AnyCondition : public CompiledCondition {
 public:
-    AnyCondition(CompiledConditions operands, ScratchLayout& layout)
-        : CompiledCondition(allPure(operands)), operands_(std::move(operands), layout) {}
+    AnyCondition(CompiledConditions operands, ScratchLayout& layout) : operands_(std::move(operands), layout) {}
 
     bool holds(QueryContext& context) const override {
         return operands_.firstHolding(context) != ConditionSequence::none;
@@ -84,7 +75,7 @@ private:
 
 class NotCondition : public CompiledCondition {
 public:
-    explicit NotCondition(Compiled operand) : CompiledCondition(operand->isPure()), operand_(std::move(operand)) {}
+    explicit NotCondition(Compiled operand) : operand_(std::move(operand)) {}
     bool holds(QueryContext& context) const override { return !operand_->holds(context); }
 
 private:
@@ -111,7 +102,7 @@ std::optional<IndexableTest> indexableTest(IndexableTest::Kind kind, const Compi
 class EqualsCondition : public CompiledCondition {
 public:
     EqualsCondition(CompiledPath left, CompiledPath right)
-        : CompiledCondition(true), left_(std::move(left)), right_(std::move(right)) {
+        : left_(std::move(left)), right_(std::move(right)) {
         test_ = indexableTest(IndexableTest::Kind::equality, left_, {&right_});
         if (!test_)
             test_ = indexableTest(IndexableTest::Kind::equality, right_, {&left_});
@@ -135,7 +126,7 @@ private:
 class PrefixCondition : public CompiledCondition {
 public:
     PrefixCondition(CompiledPath subject, std::vector<CompiledPath> list)
-        : CompiledCondition(true), subject_(std::move(subject)), list_(std::move(list)) {
+        : subject_(std::move(subject)), list_(std::move(list)) {
         std::vector<const CompiledPath*> elements;
         for (const CompiledPath& element : list_)
             elements.push_back(&element);
@@ -161,7 +152,7 @@ private:
 
 class ExistsCondition : public CompiledCondition {
 public:
-    explicit ExistsCondition(CompiledPath path) : CompiledCondition(false), path_(std::move(path)) {}
+    explicit ExistsCondition(CompiledPath path) : path_(std::move(path)) {}
     bool holds(QueryContext& context) const override { return kfFileOrDirExists(path_.terminatedText(context)); }
 
 private:
@@ -169,10 +160,10 @@ private:
 };
 
 // A node of a class this compiler does not know evaluates itself against
-// the query's bindings; it may do anything, so it counts as impure.
+// the query's bindings.
 class OpaqueCondition : public CompiledCondition {
 public:
-    explicit OpaqueCondition(const Expression<bool>& condition) : CompiledCondition(false), condition_(&condition) {}
+    explicit OpaqueCondition(const Expression<bool>& condition) : condition_(&condition) {}
     bool holds(QueryContext& context) const override {
         return condition_->evaluate(context.variables().bindings());
     }
