@@ -23,6 +23,8 @@ struct IndexableTest {
     std::vector<std::string_view> texts;
 };
 
+typedef std::vector<const IndexableTest*> Guards;
+
 // A condition of a rule, prepared for the queries of a configured rule set.
 // It holds exactly when the condition it was made from evaluates to true
 // against the query's bindings, and asks the host services the same
@@ -36,11 +38,12 @@ public:
 
     // True for the literal false, which never holds.
     virtual bool neverHolds() const { return false; }
-    // A test that must pass for the condition to hold (null for none), and
-    // whether passing it is all the condition asks. Only a test that is
-    // worked out before anything else qualifies: when it fails, the
-    // condition asks nothing more, so skipping it cannot be noticed.
-    virtual const IndexableTest* guard() const { return nullptr; }
+    // The tests one of which must pass for the condition to hold (none when
+    // there are no such tests), and whether passing one is all the condition
+    // asks. Only tests that are worked out before anything else qualify:
+    // when they fail, the condition asks nothing more, so skipping it cannot
+    // be noticed.
+    virtual Guards guards() const { return {}; }
     virtual bool isItsGuard() const { return false; }
 };
 

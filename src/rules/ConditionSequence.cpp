@@ -7,7 +7,7 @@ namespace QuorelScript {
 ConditionSequence::ConditionSequence(CompiledConditions conditions, ScratchLayout& layout)
     : conditions_(std::move(conditions)), indexed_(false), candidatesSlot_(0) {
     const auto guarded = std::count_if(conditions_.begin(), conditions_.end(),
-                                       [](const std::unique_ptr<CompiledCondition>& c) { return c->guard(); });
+                                       [](const std::unique_ptr<CompiledCondition>& c) { return !c->guards().empty(); });
     if (static_cast<std::size_t>(guarded) >= indexThreshold)
         buildIndex(layout);
 }
@@ -20,24 +20,29 @@ void ConditionSequence::buildIndex(ScratchLayout& layout) {
     answeredByGuard_.assign(conditions_.size(), false);
     for (std::uint32_t position = 0; position < conditions_.size(); ++position) {
         const CompiledCondition& condition = *conditions_[position];
-        const IndexableTest* guard = condition.guard();
+        const Guards guards = condition.guards();
         if (condition.neverHolds())
             continue;
-        if (guard == nullptr) {
+        if (guards.empty()) {
             unguarded_.push_back(position);
             continue;
         }
         answeredByGuard_[position] = condition.isItsGuard();
-        const std::size_t variable = indexOf(guard->variable);
-        for (std::string_view text : guard->texts) {
-            if (guard->kind == IndexableTest::Kind::equality)
-                equalities_[variable][text].push_back(position);
-            else
-                prefixes_[variable].add(text, position);
-        }
+        for (const IndexableTest* guard : guards)
+            addToIndex(*guard, position);
     }
     for (PrefixTextIndex& index : prefixes_)
         index.finish();
+}
+
+void ConditionSequence::addToIndex(const IndexableTest& test, std::uint32_t position) {
+    const std::size_t variable = indexOf(test.variable);
+    for (std::string_view text : test.texts) {
+        if (test.kind == IndexableTest::Kind::equality)
+            equalities_[variable][text].push_back(position);
+        else
+            prefixes_[variable].add(text, position);
+    }
 }
 
 std::size_t ConditionSequence::firstHolding(QueryContext& context) const {

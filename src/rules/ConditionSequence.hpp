@@ -45,6 +45,7 @@ public:
         });
     }
 
+    const CompiledConditions& conditions() const { return conditions_; }
     // Gives up the conditions; the sequence must not be asked again.
     CompiledConditions takeConditions();
 
@@ -53,6 +54,7 @@ private:
     static constexpr std::size_t indexThreshold = 8;
 
     void buildIndex(ScratchLayout& layout);
+    void addToIndex(const IndexableTest& test, std::uint32_t position);
     bool holdsAt(std::size_t position, QueryContext& context) const;
     void collectCandidates(QueryContext& context, std::vector<std::uint32_t>& candidates) const;
 

@@ -48,9 +48,9 @@ public:
         return true;
     }
 
-    // The first operand is worked out before anything else, so its guard
-    // guards the whole.
-    const IndexableTest* guard() const override { return operands_.empty() ? nullptr : operands_.front()->guard(); }
+    // The first operand is worked out before anything else, so its guards
+    // guard the whole.
+    Guards guards() const override { return operands_.empty() ? Guards() : operands_.front()->guards(); }
 
     CompiledConditions takeOperands() { return std::move(operands_); }
 
@@ -65,6 +65,26 @@ public:
 
     bool holds(QueryContext& context) const override {
         return operands_.firstHolding(context) != ConditionSequence::none;
+    }
+
+    // Every operand's guards together, when every operand has some: when
+    // all of them fail, each operand stops at its own.
+    Guards guards() const override {
+        Guards all;
+        for (const Compiled& operand : operands_.conditions()) {
+            const Guards own = operand->guards();
+            if (own.empty())
+                return {};
+            all.insert(all.end(), own.begin(), own.end());
+        }
+        return all;
+    }
+
+    bool isItsGuard() const override {
+        for (const Compiled& operand : operands_.conditions())
+            if (!operand->isItsGuard())
+                return false;
+        return true;
     }
 
     CompiledConditions takeOperands() { return operands_.takeConditions(); }
@@ -114,7 +134,7 @@ public:
         return left_.text(context) == right;
     }
 
-    const IndexableTest* guard() const override { return test_ ? &*test_ : nullptr; }
+    Guards guards() const override { return test_ ? Guards{&*test_} : Guards(); }
     bool isItsGuard() const override { return true; }
 
 private:
@@ -141,7 +161,7 @@ public:
         return false;
     }
 
-    const IndexableTest* guard() const override { return test_ ? &*test_ : nullptr; }
+    Guards guards() const override { return test_ ? Guards{&*test_} : Guards(); }
     bool isItsGuard() const override { return true; }
 
 private:
