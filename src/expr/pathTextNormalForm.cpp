@@ -11,8 +11,27 @@ namespace QuorelScript {
 
 namespace {
 
-bool isPathWhiteSpace(char c) {
-    return std::memchr(pathWhiteSpace, c, sizeof pathWhiteSpace - 1) != nullptr;
+// A loop the compiler unrolls into seven compares, where a search of the
+// set would cost a library call per character.
+constexpr bool isPathWhiteSpace(char c) {
+    for (const char* space = pathWhiteSpace; *space != '\0'; ++space)
+        if (*space == c)
+            return true;
+    return false;
+}
+
+// Whether two slashes follow each other among the bytes of the text up to
+// its first NUL. One pass, since paths hold many single slashes.
+bool holdsDoubledSlashBytes(std::string_view text) {
+    bool afterSlash = false;
+    for (const char c : text) {
+        if (c == '\0')
+            return false;
+        if (c == '/' && afterSlash)
+            return true;
+        afterSlash = c == '/';
+    }
+    return false;
 }
 
 // In a locale whose characters are single bytes, and in UTF-8, a '/' byte is
@@ -42,6 +61,9 @@ char* findDoubledSlash(char* from) {
 // character boundary after it, so each search from a kept position finds
 // what a search over the shortened text would.
 void collapseDoubledSlashes(std::string& text) {
+    // Without two slashes in a row among its bytes, no search can find any.
+    if (!holdsDoubledSlashBytes(text))
+        return;
     char* const chars = &text[0];
     char* hit = findDoubledSlash(chars);
     if (hit == nullptr)
@@ -64,17 +86,20 @@ void collapseDoubledSlashes(std::string& text) {
 }
 
 std::string_view trimmedOfPathWhiteSpace(std::string_view text) {
-    const std::string_view::size_type first = text.find_first_not_of(pathWhiteSpace);
-    if (first == std::string_view::npos)
-        return text.substr(0, 0);
-    const std::string_view::size_type last = text.find_last_not_of(pathWhiteSpace);
-    return text.substr(first, last + 1 - first);
+    std::string_view::size_type first = 0;
+    std::string_view::size_type end = text.size();
+    while (end > first && isPathWhiteSpace(text[end - 1]))
+        --end;
+    while (first < end && isPathWhiteSpace(text[first]))
+        ++first;
+    return text.substr(first, end - first);
 }
 
 void trimPathWhiteSpace(std::string& text) {
-    const std::string::size_type last = text.find_last_not_of(pathWhiteSpace);
-    text.erase(last == std::string::npos ? 0 : last + 1);
-    text.erase(0, text.find_first_not_of(pathWhiteSpace));
+    const std::string_view trimmed = trimmedOfPathWhiteSpace(text);
+    const std::string::size_type first = static_cast<std::string::size_type>(trimmed.data() - text.data());
+    text.erase(first + trimmed.size());
+    text.erase(0, first);
 }
 
 void normalizePathText(std::string& text) {
@@ -87,9 +112,7 @@ bool isNormalPathText(std::string_view text) {
         return true;
     if (isPathWhiteSpace(text.front()) || isPathWhiteSpace(text.back()))
         return false;
-    // A NUL would end the text for the search, and cut it after a collapse.
-    const std::string_view searched = text.substr(0, text.find('\0'));
-    return searched.find("//") == std::string_view::npos;
+    return !holdsDoubledSlashBytes(text);
 }
 
 } // namespace QuorelScript

@@ -13,6 +13,17 @@ void QueryContext::start(const char* file, const char* caller) {
     variableTextReady_.reset();
 }
 
+namespace {
+
+// The file and the caller are normalized as the bindings are made, and
+// normalizing a normalized text changes nothing; the pieces cut from the
+// file can still carry white space at their ends.
+bool isNormalValue(QueryVariable variable, std::string_view value) {
+    return variable == QueryVariable::file || variable == QueryVariable::caller || isNormalPathText(value);
+}
+
+} // namespace
+
 // A lone reference is replaced by the value, which is normalized; a value
 // already in normal form without references of its own is the text itself.
 std::string_view QueryContext::variableText(QueryVariable variable) {
@@ -25,7 +36,7 @@ std::string_view QueryContext::variableText(QueryVariable variable) {
         buffer.assign("$").append(nameOf(variable));
         substitute(buffer);
         variableTexts_[index] = buffer;
-    } else if (isNormalPathText(value)) {
+    } else if (isNormalValue(variable, value)) {
         variableTexts_[index] = value;
     } else {
         buffer.assign(value);
