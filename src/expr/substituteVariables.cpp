@@ -1,5 +1,6 @@
 #include "expr/Bindings.hpp"
 #include "expr/Path.hpp"
+#include "expr/pathTextNormalForm.hpp"
 #include "expr/variableSubstitution.hpp"
 
 #include <string>
@@ -41,12 +42,14 @@ std::optional<VariableReference> variableReferenceAt(const std::string& text, Po
 }
 
 // The names are looked up as paths, so a braced name is normalized first:
-// ${ file } names the variable file.
+// ${ file } names the variable file. A name in normal form already, as every
+// plain one is, is looked up as it stands.
 void Path::substituteVariables(const Bindings& bindings) {
     if (bindings.empty())
         return;
     const auto lookup = [&bindings](std::string_view name) -> std::optional<std::string_view> {
-        const Bindings::const_iterator binding = bindings.find(Path(std::string(name)));
+        const Bindings::const_iterator binding =
+            isNormalPathText(name) ? bindings.find(name) : bindings.find(Path(std::string(name)));
         if (binding == bindings.end())
             return std::nullopt;
         return std::string_view(binding->second.text());
