@@ -4,11 +4,22 @@
 #include "expr/Path.hpp"
 
 #include <map>
+#include <string_view>
 
 namespace QuorelScript {
 
+// Orders paths by their text, and lets a map of paths be searched with a
+// bare text, so that looking a name up needs no path made for it.
+struct PathOrder {
+    typedef void is_transparent;
+
+    bool operator()(const Path& a, const Path& b) const { return a < b; }
+    bool operator()(const Path& a, std::string_view b) const { return std::string_view(a.text()) < b; }
+    bool operator()(std::string_view a, const Path& b) const { return a < std::string_view(b.text()); }
+};
+
 // The variables of one query: a bare name such as "file" mapped to its value.
-class Bindings : public std::map<Path, Path> {
+class Bindings : public std::map<Path, Path, PathOrder> {
 public:
     Bindings() {}
 

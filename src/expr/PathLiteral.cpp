@@ -27,8 +27,10 @@ bool PathLiteral::hasVariables() const {
     return path_.text().find('$') != std::string::npos;
 }
 
+// A text without references has nothing to substitute: it stays as it is.
 void PathLiteral::substituteVariables(const Bindings& bindings) {
-    path_ = evaluate(bindings);
+    if (hasVariables())
+        path_ = evaluate(bindings);
 }
 
 } // namespace QuorelScript

@@ -1,5 +1,6 @@
 #include "expr/Bindings.hpp"
 
+#include "rules/filePathParts.hpp"
 #include "rules/fixedVariables.hpp"
 
 #include <string>
@@ -23,26 +24,17 @@ const Path& setVariable(Bindings& bindings, const char* name, const Path& value)
     return bindings.insert_or_assign(Path(std::string{name}), value).first->second;
 }
 
-// The characters of `text` from `begin` up to `end`, kept as they are: they
-// come from a normalized path and are not normalized again.
-Path piece(const std::string& text, std::string::size_type begin, std::string::size_type end) {
-    return Path::verbatim(text.data() + begin, text.data() + end);
+// The pieces are kept as they are: they come from a normalized path and are
+// not normalized again.
+Path piece(std::string_view text) {
+    return Path::verbatim(text.data(), text.data() + text.size());
 }
 
-// dir, name and ext of a normalized file path. A dot that opens the path is
-// no extension (.profile), nor is one in a directory name (a.b/c); a dot
-// right after the last slash is one (x/.hidden has an empty name).
 void bindFileParts(Bindings& bindings, const std::string& file) {
-    const std::string::size_type slash = file.rfind('/');
-    const std::string::size_type dot = file.rfind('.');
-    const bool hasSlash = slash != std::string::npos;
-    const bool hasExtension = dot != std::string::npos && dot != 0 && (!hasSlash || slash < dot);
-    const std::string::size_type nameBegin = hasSlash ? slash + 1 : 0;
-    const std::string::size_type extensionBegin = hasExtension ? dot : file.size();
-
-    setVariable(bindings, "dir", piece(file, 0, hasSlash ? slash : 0));
-    setVariable(bindings, "name", piece(file, nameBegin, extensionBegin));
-    setVariable(bindings, "ext", piece(file, extensionBegin, file.size()));
+    const FilePathParts parts = splitFilePath(file);
+    setVariable(bindings, "dir", piece(parts.dir));
+    setVariable(bindings, "name", piece(parts.name));
+    setVariable(bindings, "ext", piece(parts.ext));
 }
 
 void bindFixedVariables(Bindings& bindings) {

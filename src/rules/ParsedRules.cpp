@@ -1,7 +1,7 @@
 #include "rules/ParsedRules.hpp"
 
-#include "expr/Bindings.hpp"
 #include "expr/Path.hpp"
+#include "rules/QueryPlan.hpp"
 #include "rules/expandIncludeRule.hpp"
 
 #include <qxqrscript/host.hpp>
@@ -77,12 +77,43 @@ void printBlock(std::ostream& os, const std::vector<Rule*>* rules) {
 
 } // namespace
 
+// One query on the rule set: the plan, prepared first if need be, and a
+// context started for the file asked about.
+class ParsedRules::RunningQuery {
+public:
+    RunningQuery(ParsedRules& rules, const char* file, const char* caller) : rules_(rules) {
+        if (!rules.plan)
+            rules.plan = std::make_unique<QueryPlan>(rules.excludeRules, rules.pruneRules, rules.includeRules,
+                                                     rules.vantorRoot, rules.cwd);
+        plan_ = rules.plan.get();
+        context_ = plan_->takeContext();
+        ++rules.runningQueries;
+        context_->start(file, caller);
+    }
+    RunningQuery(const RunningQuery&) = delete;
+    RunningQuery& operator=(const RunningQuery&) = delete;
+    ~RunningQuery() {
+        plan_->giveBack(std::move(context_));
+        if (--rules_.runningQueries == 0)
+            rules_.retiredPlans.clear();
+    }
+
+    const QueryPlan& plan() const { return *plan_; }
+    QueryContext& context() { return *context_; }
+
+private:
+    ParsedRules& rules_;
+    QueryPlan* plan_;
+    std::unique_ptr<QueryContext> context_;
+};
+
 ParsedRules::ParsedRules(ExcludeRuleList* excludeRules, PruneRuleList* pruneRules, IncludeRuleList* includeRules)
     : excludeRules(excludeRules),
       includeRules(includeRules),
       pruneRules(pruneRules),
       hasVantorRoot(false),
-      hasCwd(false) {}
+      hasCwd(false),
+      runningQueries(0) {}
 
 ParsedRules::~ParsedRules() {
     deleteRuleList(excludeRules);
@@ -90,45 +121,57 @@ ParsedRules::~ParsedRules() {
     deleteRuleList(pruneRules);
 }
 
-template <class RuleList>
-bool ParsedRules::firstMatch(const RuleList* rules, const char* file, const char* caller) {
+template <class Rule>
+bool ParsedRules::firstMatch(const std::vector<Rule*>* rules,
+                             const ConditionSequence& (QueryPlan::*conditions)() const, const char* file,
+                             const char* caller) {
     if (rules == nullptr)
         return false;
-    const Bindings bindings(vantorRoot.c_str(), file, caller, cwd.c_str());
-    for (const auto* rule : *rules) {
-        if (rule->condition->evaluate(bindings)) {
-            lastMatchText = rule->debugInfo;
-            return true;
-        }
-    }
-    return false;
+    RunningQuery query(*this, file, caller);
+    const std::size_t position = (query.plan().*conditions)().firstHolding(query.context());
+    if (position == ConditionSequence::none)
+        return false;
+    lastMatchText = (*rules)[position]->debugInfo;
+    return true;
 }
 
 bool ParsedRules::isExcluded(const char* file, const char* /*reserved*/, const char* caller) {
-    return firstMatch(excludeRules, file, caller);
+    return firstMatch(excludeRules, &QueryPlan::exclusions, file, caller);
 }
 
 bool ParsedRules::isPruned(const char* file, const char* /*reserved*/, const char* caller) {
-    return firstMatch(pruneRules, file, caller);
+    return firstMatch(pruneRules, &QueryPlan::prunings, file, caller);
 }
 
+// Every rule whose condition holds adds its paths, in rule order.
 void ParsedRules::getIncludes(const char* file, const char* /*reserved*/, QuorelRules::Includer& includer) {
     if (includeRules == nullptr)
         return;
     // Include rules are asked about a file alone: $caller is empty for them.
-    const Bindings bindings(vantorRoot.c_str(), file, nullptr, cwd.c_str());
-    for (const IncludeRule* rule : *includeRules)
-        expandIncludeRule(*rule, bindings, includer);
+    RunningQuery query(*this, file, nullptr);
+    QueryContext& context = query.context();
+    query.plan().inclusions().forEachHolding(context, [&](std::size_t position) {
+        for (const CompiledPath& path : query.plan().includedPaths(position))
+            includeFilesOf(path.terminatedText(context), includer);
+    });
+}
+
+void ParsedRules::rulesChanged() {
+    if (runningQueries > 0)
+        retiredPlans.push_back(std::move(plan));
+    plan.reset();
 }
 
 void ParsedRules::setVantorRoot(const char* root) {
     vantorRoot = root;
     hasVantorRoot = true;
+    rulesChanged();
 }
 
 void ParsedRules::setCwd(const char* dir) {
     cwd = dir;
     hasCwd = true;
+    rulesChanged();
 }
 
 int ParsedRules::setCwdFromProcess() {
@@ -149,6 +192,7 @@ void ParsedRules::bindVariable(const char* name, const char* value) {
     substituteInto(excludeRules, binding);
     substituteInto(pruneRules, binding);
     substituteInto(includeRules, binding);
+    rulesChanged();
 }
 
 std::ostream& ParsedRules::print(std::ostream& os) const {
@@ -164,14 +208,17 @@ const std::string& ParsedRules::getLastMatchText() const {
 
 void ParsedRules::appendExcludeRule(ExcludeRule* rule) {
     appendOwned(excludeRules, rule);
+    rulesChanged();
 }
 
 void ParsedRules::appendIncludeRule(IncludeRule* rule) {
     appendOwned(includeRules, rule);
+    rulesChanged();
 }
 
 void ParsedRules::appendPruneRule(PruneRule* rule) {
     appendOwned(pruneRules, rule);
+    rulesChanged();
 }
 
 } // namespace QuorelScript

@@ -5,9 +5,14 @@
 
 #include <qxqrscript/Rules.hpp>
 
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace QuorelScript {
+
+class ConditionSequence;
+class QueryPlan;
 
 // The rule set made from scripts: three lists of rules, each owned with its
 // rules and their conditions. A null list and an empty one answer alike;
@@ -36,11 +41,21 @@ public:
     void appendIncludeRule(IncludeRule* rule);
     void appendPruneRule(PruneRule* rule);
 
+    // The three lists, for those who evaluate them on their own.
+    const ExcludeRuleList* excludeRuleList() const { return excludeRules; }
+    const PruneRuleList* pruneRuleList() const { return pruneRules; }
+    const IncludeRuleList* includeRuleList() const { return includeRules; }
+
 private:
+    class RunningQuery;
+
     // The first rule of `rules` whose condition holds for the query decides:
     // its text becomes the last match text. A null list matches nothing.
-    template <class RuleList>
-    bool firstMatch(const RuleList* rules, const char* file, const char* caller);
+    template <class Rule>
+    bool firstMatch(const std::vector<Rule*>* rules, const ConditionSequence& (QueryPlan::*conditions)() const,
+                    const char* file, const char* caller);
+    // The rules or the configuration changed: the queries prepare anew.
+    void rulesChanged();
 
     ExcludeRuleList* excludeRules;
     IncludeRuleList* includeRules;
@@ -50,6 +65,13 @@ private:
     bool hasVantorRoot;
     bool hasCwd;
     std::string lastMatchText;
+
+    // The rules prepared for the queries under the present configuration,
+    // made by the first query that needs them. A plan that changes while
+    // queries run (from a host's callback) is kept until they have ended.
+    std::unique_ptr<QueryPlan> plan;
+    std::vector<std::unique_ptr<QueryPlan>> retiredPlans;
+    int runningQueries;
 };
 
 } // namespace QuorelScript

@@ -5,42 +5,40 @@
 
 #include <qxqrscript/host.hpp>
 
-#include <memory>
-#include <string>
+#include <cstring>
 
 namespace QuorelScript {
 
 namespace {
 
-bool holdsWildcard(const std::string& text) {
-    return text.find_first_of("*?") != std::string::npos;
+bool holdsWildcard(const char* path) {
+    return std::strpbrk(path, "*?") != nullptr;
 }
 
 // Files found by the directory services go to the includer; directories
 // are dropped.
-void includeMatches(const Path& path, bool isDirectory, QuorelRules::Includer& includer) {
-    const std::unique_ptr<kfStringProcedureAdapter<QuorelRules::Includer>> files(
-        new kfStringProcedureAdapter<QuorelRules::Includer>(includer));
+void includeMatches(const char* path, bool isDirectory, QuorelRules::Includer& includer) {
+    const kfStringProcedureAdapter<QuorelRules::Includer> files(includer);
     const kfIgnoreString directories;
     const int wholeDirectory = isDirectory ? 1 : 0;
-    kfFindMatchingFilesAndDirs(path.c_str(), *files, directories, wholeDirectory, false);
-}
-
-void includePath(const Path& path, QuorelRules::Includer& includer) {
-    const bool isDirectory = kfIsDirectory(path.c_str());
-    if (isDirectory || holdsWildcard(path.text()))
-        includeMatches(path, isDirectory, includer);
-    else
-        includer.include(path.c_str());
+    kfFindMatchingFilesAndDirs(path, files, directories, wholeDirectory, false);
 }
 
 } // namespace
+
+void includeFilesOf(const char* path, QuorelRules::Includer& includer) {
+    const bool isDirectory = kfIsDirectory(path);
+    if (isDirectory || holdsWildcard(path))
+        includeMatches(path, isDirectory, includer);
+    else
+        includer.include(path);
+}
 
 void expandIncludeRule(const IncludeRule& rule, const Bindings& bindings, QuorelRules::Includer& includer) {
     if (!rule.condition->evaluate(bindings))
         return;
     for (const Expression<Path>* pathExpression : *rule.paths)
-        includePath(pathExpression->evaluate(bindings), includer);
+        includeFilesOf(pathExpression->evaluate(bindings).c_str(), includer);
 }
 
 } // namespace QuorelScript

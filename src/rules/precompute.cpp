@@ -58,6 +58,7 @@ void ParsedRules::precompute() {
     // Include rules stay apart: each of them adds its own paths.
     mergeAndSimplify(excludeRules);
     mergeAndSimplify(pruneRules);
+    rulesChanged();
 }
 
 } // namespace QuorelScript

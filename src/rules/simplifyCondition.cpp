@@ -8,8 +8,12 @@
 #include "expr/NotExpression.hpp"
 #include "expr/OrExpression.hpp"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <typeinfo>
+#include <utility>
+#include <vector>
 
 namespace QuorelScript {
 
@@ -61,62 +65,68 @@ Expression<bool>* negated(Expression<bool>* operand) {
     return node;
 }
 
-// Simplifies the operand at `index` where it stands. The slot is emptied
-// first, so that a failing rewrite, which frees the operand, leaves nothing
-// to be freed a second time.
-void simplifyAt(Operands& operands, Operands::size_type index) {
-    Expression<bool>* operand = operands[index];
-    operands[index] = nullptr;
-    operands[index] = simplifyCondition(operand);
+// Operands on their way from one node's vector into another's, owned until
+// they arrive, so that a rewrite that fails half-way leaks nothing.
+typedef std::vector<Owned> OwnedOperands;
+
+// Takes every operand out of `operands`, which is left empty, in order.
+OwnedOperands takeAll(Operands& operands) {
+    OwnedOperands taken;
+    taken.reserve(operands.size());
+    for (Expression<bool>*& operand : operands)
+        taken.emplace_back(std::exchange(operand, nullptr));
+    operands.clear();
+    return taken;
 }
 
-// Inserts `operand` before `position`, taking ownership also when the
-// insertion fails; returns the position after it.
-Operands::iterator insertOwned(Operands& operands, Operands::iterator position, Expression<bool>* operand) {
-    Owned owned(operand);
-    position = operands.insert(position, operand);
-    owned.release();
-    return position + 1;
-}
-
-// Replaces the operand at `index` by the operands of `child`, which that
-// slot holds, in their order, and frees the emptied child.
-template <class Multi>
-void spliceAt(Operands& operands, Operands::size_type index, Multi& child) {
-    Operands& grandchildren = child.operands();
-    const auto position = operands.begin() + static_cast<Operands::difference_type>(index);
-    operands.insert(position + 1, grandchildren.begin(), grandchildren.end());
-    grandchildren.clear();
-    delete &child;
-    operands.erase(operands.begin() + static_cast<Operands::difference_type>(index));
+// Gives the operands back to `operands`, which is empty, in order.
+void giveAll(OwnedOperands& source, Operands& operands) {
+    operands.reserve(source.size());
+    for (Owned& operand : source)
+        operands.push_back(operand.release());
 }
 
 // Appends `operand` to `target`, or, when it is a two-operand node of the
-// same kind, its operands left to right, recursively.
+// same kind, its operands left to right, and so on down: a chain of any
+// length is walked with a stack of its own, not by recursion.
 template <class Multi>
 void appendSpliced(Multi& target, Owned operand) {
     typedef typename Junction<Multi>::Binary Binary;
-    if (!isA<Binary>(*operand)) {
-        target.append(operand.release());
-        return;
+    OwnedOperands pending;
+    pending.push_back(std::move(operand));
+    while (!pending.empty()) {
+        Owned next = std::move(pending.back());
+        pending.pop_back();
+        if (!isA<Binary>(*next)) {
+            target.append(next.release());
+            continue;
+        }
+        Binary& binary = static_cast<Binary&>(*next);
+        pending.emplace_back(binary.releaseRight());
+        pending.emplace_back(binary.releaseLeft());
     }
-    Binary& binary = static_cast<Binary&>(*operand);
-    appendSpliced(target, Owned(binary.releaseLeft()));
-    appendSpliced(target, Owned(binary.releaseRight()));
 }
 
 // Simplifies every operand; an operand that becomes a node of the same kind
-// gives up its operands to this one, and they are looked at in turn.
+// gives up its operands in its place, and they are simplified in turn. The
+// operands still to look at wait on a stack, last first, so each one is moved
+// a constant number of times.
 template <class Multi>
 void flatten(Multi& node) {
-    Operands& operands = node.operands();
-    for (Operands::size_type i = 0; i < operands.size();) {
-        simplifyAt(operands, i);
-        if (isA<Multi>(*operands[i]))
-            spliceAt(operands, i, static_cast<Multi&>(*operands[i]));
-        else
-            ++i;
+    OwnedOperands pending = takeAll(node.operands());
+    std::reverse(pending.begin(), pending.end());
+    OwnedOperands flat;
+    while (!pending.empty()) {
+        Owned operand(simplifyCondition(pending.back().release()));
+        pending.pop_back();
+        if (!isA<Multi>(*operand)) {
+            flat.push_back(std::move(operand));
+            continue;
+        }
+        OwnedOperands spliced = takeAll(static_cast<Multi&>(*operand).operands());
+        std::move(spliced.rbegin(), spliced.rend(), std::back_inserter(pending));
     }
+    giveAll(flat, node.operands());
 }
 
 // The node under `operand` when that is a negation of a `Dual`, else null.
@@ -129,25 +139,24 @@ Dual* negatedNode(Expression<bool>& operand) {
 }
 
 // An operand not(or(a,b,...)) of an and becomes not(a),not(b),... at its
-// place; likewise not(and(...)) in an or.
+// place, each simplified as it is put there; likewise not(and(...)) in an or.
 template <class Multi>
 void distributeNegations(Multi& node) {
     typedef typename Junction<Multi>::Dual Dual;
-    Operands& operands = node.operands();
-    for (auto position = operands.begin(); position != operands.end();) {
-        Dual* dual = negatedNode<Dual>(**position);
+    OwnedOperands operands = takeAll(node.operands());
+    OwnedOperands distributed;
+    distributed.reserve(operands.size());
+    for (Owned& operand : operands) {
+        Dual* dual = negatedNode<Dual>(*operand);
         if (dual == nullptr) {
-            ++position;
+            distributed.push_back(std::move(operand));
             continue;
         }
-        const Owned discarded(*position);
-        position = operands.erase(position);
-        for (Expression<bool>*& dualOperand : dual->operands()) {
-            Expression<bool>* moved = dualOperand;
-            dualOperand = nullptr;
-            position = insertOwned(operands, position, simplifyCondition(negated(moved)));
-        }
+        for (Expression<bool>*& dualOperand : dual->operands())
+            distributed.emplace_back(simplifyCondition(negated(std::exchange(dualOperand, nullptr))));
+        operand.reset();
     }
+    giveAll(distributed, node.operands());
 }
 
 // Simplifies every operand once more; the deciding value ends the walk with
@@ -156,18 +165,18 @@ void distributeNegations(Multi& node) {
 template <class Multi>
 Expression<bool>* dropLiterals(Multi& node) {
     const bool decisive = Junction<Multi>::decisive;
-    Operands& operands = node.operands();
-    for (Operands::size_type i = 0; i < operands.size();) {
-        simplifyAt(operands, i);
-        if (!isA<BooleanLiteral>(*operands[i])) {
-            ++i;
+    OwnedOperands operands = takeAll(node.operands());
+    OwnedOperands undecided;
+    for (Owned& operand : operands) {
+        Owned simplified(simplifyCondition(operand.release()));
+        if (!isA<BooleanLiteral>(*simplified)) {
+            undecided.push_back(std::move(simplified));
             continue;
         }
-        if (static_cast<const BooleanLiteral&>(*operands[i]).value() == decisive)
+        if (static_cast<const BooleanLiteral&>(*simplified).value() == decisive)
             return literal(decisive);
-        delete operands[i];
-        operands.erase(operands.begin() + static_cast<Operands::difference_type>(i));
     }
+    giveAll(undecided, node.operands());
     return nullptr;
 }
 

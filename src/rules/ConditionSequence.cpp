@@ -1,0 +1,84 @@
+#include "rules/ConditionSequence.hpp"
+
+#include <algorithm>
+
+namespace QuorelScript {
+
+ConditionSequence::ConditionSequence(CompiledConditions conditions, ScratchLayout& layout)
+    : conditions_(std::move(conditions)), indexed_(false), candidatesSlot_(0) {
+    const auto guarded = std::count_if(conditions_.begin(), conditions_.end(),
+                                       [](const std::unique_ptr<CompiledCondition>& c) { return !c->guards().empty(); });
+    if (static_cast<std::size_t>(guarded) >= indexThreshold)
+        buildIndex(layout);
+}
+
+// A condition that never holds is left out altogether; one with a guard is
+// found through the index of its variable; the rest are always worked out.
+void ConditionSequence::buildIndex(ScratchLayout& layout) {
+    indexed_ = true;
+    candidatesSlot_ = layout.addPositionList();
+    answeredByGuard_.assign(conditions_.size(), false);
+    for (std::uint32_t position = 0; position < conditions_.size(); ++position) {
+        const CompiledCondition& condition = *conditions_[position];
+        const Guards guards = condition.guards();
+        if (condition.neverHolds())
+            continue;
+        if (guards.empty()) {
+            unguarded_.push_back(position);
+            continue;
+        }
+        answeredByGuard_[position] = condition.isItsGuard();
+        for (const IndexableTest* guard : guards)
+            addToIndex(*guard, position);
+    }
+    for (PrefixTextIndex& index : prefixes_)
+        index.finish();
+}
+
+void ConditionSequence::addToIndex(const IndexableTest& test, std::uint32_t position) {
+    const std::size_t variable = indexOf(test.variable);
+    for (std::string_view text : test.texts) {
+        if (test.kind == IndexableTest::Kind::equality)
+            equalities_[variable][text].push_back(position);
+        else
+            prefixes_[variable].add(text, position);
+    }
+}
+
+std::size_t ConditionSequence::firstHolding(QueryContext& context) const {
+    std::size_t found = none;
+    walk(context, [&](std::size_t position) {
+        if (!holdsAt(position, context))
+            return false;
+        found = position;
+        return true;
+    });
+    return found;
+}
+
+CompiledConditions ConditionSequence::takeConditions() {
+    return std::move(conditions_);
+}
+
+bool ConditionSequence::holdsAt(std::size_t position, QueryContext& context) const {
+    return (indexed_ && answeredByGuard_[position]) || conditions_[position]->holds(context);
+}
+
+void ConditionSequence::collectCandidates(QueryContext& context, std::vector<std::uint32_t>& candidates) const {
+    candidates.clear();
+    for (std::size_t variable = 0; variable < queryVariableCount; ++variable) {
+        const auto& equalities = equalities_[variable];
+        const PrefixTextIndex& prefixes = prefixes_[variable];
+        if (equalities.empty() && prefixes.empty())
+            continue;
+        const std::string_view text = context.variableText(static_cast<QueryVariable>(variable));
+        const auto found = equalities.find(text);
+        if (found != equalities.end())
+            candidates.insert(candidates.end(), found->second.begin(), found->second.end());
+        prefixes.collectPrefixesOf(text, candidates);
+    }
+    std::sort(candidates.begin(), candidates.end());
+    candidates.erase(std::unique(candidates.begin(), candidates.end()), candidates.end());
+}
+
+} // namespace QuorelScript

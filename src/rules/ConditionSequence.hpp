@@ -1,0 +1,102 @@
+#ifndef QXQRSCRIPT_RULES_CONDITIONSEQUENCE_HPP
+#define QXQRSCRIPT_RULES_CONDITIONSEQUENCE_HPP
+
+#include "rules/CompiledCondition.hpp"
+#include "rules/PrefixTextIndex.hpp"
+#include "rules/QueryContext.hpp"
+#include "rules/QueryVariable.hpp"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace QuorelScript {
+
+// Conditions in a fixed order (the rules of one kind, the operands of an
+// or), asked which of them hold for a query. Worked out one by one in order,
+// the answer costs one evaluation per condition; here the many conditions
+// that start with a test of a variable against fixed texts are looked up in
+// an index instead, and only those whose test passes are worked out, in
+// order among the conditions that no index covers. A condition is skipped
+// only when the test it starts with fails, which ends its own evaluation
+// before it asks anything else, so nothing a host can see differs from the
+// one-by-one answer: every host-service call is still made, in its turn.
+class ConditionSequence {
+public:
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+    ConditionSequence(CompiledConditions conditions, ScratchLayout& layout);
+    ConditionSequence(const ConditionSequence&) = delete;
+    ConditionSequence& operator=(const ConditionSequence&) = delete;
+
+    // The position of the first condition that holds, or `none`.
+    std::size_t firstHolding(QueryContext& context) const;
+
+    // Calls `visit` with the position of every condition that holds, in order.
+    template <class Visit>
+    void forEachHolding(QueryContext& context, Visit visit) const {
+        walk(context, [&](std::size_t position) {
+            if (holdsAt(position, context))
+                visit(position);
+            return false;
+        });
+    }
+
+    const CompiledConditions& conditions() const { return conditions_; }
+    // Gives up the conditions; the sequence must not be asked again.
+    CompiledConditions takeConditions();
+
+private:
+    // Fewer guarded conditions than this are simply worked out one by one.
+    static constexpr std::size_t indexThreshold = 8;
+
+    void buildIndex(ScratchLayout& layout);
+    void addToIndex(const IndexableTest& test, std::uint32_t position);
+    bool holdsAt(std::size_t position, QueryContext& context) const;
+    void collectCandidates(QueryContext& context, std::vector<std::uint32_t>& candidates) const;
+
+    // Calls `step` with the positions that may hold, in ascending order,
+    // until it returns true.
+    template <class Step>
+    void walk(QueryContext& context, Step step) const;
+
+    CompiledConditions conditions_;
+    bool indexed_;
+    std::size_t candidatesSlot_;
+    // The conditions that no index covers, by position.
+    std::vector<std::uint32_t> unguarded_;
+    // Per position: whether a passing guard is all the condition asks.
+    std::vector<bool> answeredByGuard_;
+    std::array<std::unordered_map<std::string_view, std::vector<std::uint32_t>>, queryVariableCount> equalities_;
+    std::array<PrefixTextIndex, queryVariableCount> prefixes_;
+};
+
+// The candidates that the index found and the unguarded conditions, merged
+// into one ascending walk.
+template <class Step>
+void ConditionSequence::walk(QueryContext& context, Step step) const {
+    if (!indexed_) {
+        for (std::size_t position = 0; position < conditions_.size(); ++position)
+            if (step(position))
+                return;
+        return;
+    }
+    std::vector<std::uint32_t>& candidates = context.positions(candidatesSlot_);
+    collectCandidates(context, candidates);
+    auto candidate = candidates.begin();
+    auto unguarded = unguarded_.begin();
+    while (candidate != candidates.end() || unguarded != unguarded_.end()) {
+        const bool takeCandidate =
+            unguarded == unguarded_.end() || (candidate != candidates.end() && *candidate < *unguarded);
+        const std::uint32_t position = takeCandidate ? *candidate++ : *unguarded++;
+        if (step(position))
+            return;
+    }
+}
+
+} // namespace QuorelScript
+
+#endif

@@ -1,0 +1,69 @@
+#include "rules/QueryContext.hpp"
+
+#include "expr/pathTextNormalForm.hpp"
+#include "expr/variableSubstitution.hpp"
+
+namespace QuorelScript {
+
+QueryContext::QueryContext(const ConfiguredVariables& configured, const ScratchLayout& layout)
+    : variables_(configured), texts_(layout.texts), positionLists_(layout.positionLists) {}
+
+void QueryContext::start(const char* file, const char* caller) {
+    variables_.start(file, caller);
+    variableTextReady_.reset();
+}
+
+namespace {
+
+// The file and the caller are normalized as the bindings are made, and
+// normalizing a normalized text changes nothing; the pieces cut from the
+// file can still carry white space at their ends.
+bool isNormalValue(QueryVariable variable, std::string_view value) {
+    return variable == QueryVariable::file || variable == QueryVariable::caller || isNormalPathText(value);
+}
+
+} // namespace
+
+// A lone reference is replaced by the value, which is normalized; a value
+// already in normal form without references of its own is the text itself.
+std::string_view QueryContext::variableText(QueryVariable variable) {
+    const std::size_t index = indexOf(variable);
+    if (variableTextReady_[index])
+        return variableTexts_[index];
+    const std::string_view value = variables_.value(variable);
+    std::string& buffer = variableTextBuffers_[index];
+    if (value.find('$') != std::string_view::npos) {
+        buffer.assign("$").append(nameOf(variable));
+        substitute(buffer);
+        variableTexts_[index] = buffer;
+    } else if (isNormalValue(variable, value)) {
+        variableTexts_[index] = value;
+    } else {
+        buffer.assign(value);
+        normalizePathText(buffer);
+        variableTexts_[index] = buffer;
+    }
+    variableTextReady_[index] = true;
+    return variableTexts_[index];
+}
+
+// Names are looked up as paths are, so a braced name is normalized first.
+std::string_view QueryContext::normalizedName(std::string_view name) {
+    if (isNormalPathText(name))
+        return name;
+    nameBuffer_.assign(name);
+    normalizePathText(nameBuffer_);
+    return nameBuffer_;
+}
+
+void QueryContext::substitute(std::string& text) {
+    const auto lookup = [this](std::string_view name) -> std::optional<std::string_view> {
+        const std::optional<QueryVariable> variable = queryVariableNamed(normalizedName(name));
+        if (!variable)
+            return std::nullopt;
+        return variables_.value(*variable);
+    };
+    substituteVariableReferences(text, lookup, normalizePathText);
+}
+
+} // namespace QuorelScript

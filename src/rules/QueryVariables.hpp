@@ -1,0 +1,50 @@
+#ifndef QXQRSCRIPT_RULES_QUERYVARIABLES_HPP
+#define QXQRSCRIPT_RULES_QUERYVARIABLES_HPP
+
+#include "expr/Bindings.hpp"
+#include "rules/ConfiguredVariables.hpp"
+#include "rules/QueryVariable.hpp"
+#include "rules/filePathParts.hpp"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace QuorelScript {
+
+// The values of the eleven variables during one query, each worked out the
+// first time it is asked for, into buffers that the next query reuses, so a
+// query that needs only $ext never normalizes the caller.
+class QueryVariables {
+public:
+    explicit QueryVariables(const ConfiguredVariables& configured);
+    QueryVariables(const QueryVariables&) = delete;
+    QueryVariables& operator=(const QueryVariables&) = delete;
+
+    // A new query about `file`, referred to by `caller` (null for none).
+    void start(const char* file, const char* caller);
+
+    // The value as the query's bindings hold it.
+    std::string_view value(QueryVariable variable);
+
+    // The bindings map that the query's conditions are defined against, for
+    // the nodes that can only evaluate themselves; made on first use.
+    const Bindings& bindings();
+
+private:
+    const std::string& file();
+
+    const ConfiguredVariables* configured_;
+    const char* fileArgument_;
+    const char* callerArgument_;
+    std::string file_;
+    std::string caller_;
+    FilePathParts fileParts_;
+    bool fileReady_;
+    bool callerReady_;
+    std::optional<Bindings> bindings_;
+};
+
+} // namespace QuorelScript
+
+#endif

@@ -1,0 +1,109 @@
+// Once a rule set has answered its first query, further queries allocate
+// nothing of their own: the prepared conditions and the buffers they work in
+// are kept, and only a longer text than any before would need more room.
+#include "ReplacedAllocator.hpp"
+
+#include <qxqrscript/Parser.hpp>
+#include <qxqrscript/Rules.hpp>
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+using QuorelScript::Parser;
+using QuorelScript::Rules;
+
+// Every shape of condition, as parsed and merged by precompute.
+const char script[] =
+    "exclude if $file in [$vantor/toolbox/, /usr/include/, $cwd/build/]\n"
+    "exclude if $ext == .o or $ext == .a\n"
+    "exclude if $dir == src/gen and not $name == keep\n"
+    "exclude if $file == $toolbox/lib/libtool$lib\n"
+    "exclude if not ($name$ext != x.c) and $caller == /src/main.c\n"
+    "exclude if $dir/$name.bak exists\n"
+    "prune if $dir in [/usr/lib, /lib] or $ext == $vrk\n"
+    "prune unless $file not in [/opt/v/, /work/] and true\n"
+    "include [$dir/$name.h, $dir/$name.inl] if $ext == .c\n"
+    "include $vantor/modules/$name$vrk if $dir == plugins\n"
+    "include /etc/none if false\n";
+
+std::unique_ptr<Rules> preparedRules(bool precompute) {
+    Parser parser;
+    std::unique_ptr<Rules> rules(parser.parse(script));
+    rules->setVantorRoot("/opt/v");
+    rules->setCwd("/work");
+    rules->bindVariable("unused", "/x");
+    if (precompute)
+        rules->precompute();
+    return rules;
+}
+
+class CountingIncluder : public QuorelRules::Includer {
+public:
+    bool include(const char*) override {
+        ++count;
+        return true;
+    }
+    std::size_t count = 0;
+};
+
+const std::vector<const char*> files = {"/opt/v/toolbox/include/a.h", "/work/src/main.c", "src/gen/parser.o",
+                                        "src/gen/keep.c",             "/usr/lib/libm.so", "plugins/audio.c",
+                                        "/nowhere/at/all.txt",        "",                 "  /work//build/x.c "};
+
+// The allocations of `queries` rounds of asking about every file, after one
+// round that may allocate.
+template <class Ask>
+std::size_t allocationsAfterWarmUp(Ask ask) {
+    for (const char* file : files)
+        ask(file);
+    const std::size_t before = ReplacedAllocator::count();
+    for (int round = 0; round < 20; ++round)
+        for (const char* file : files)
+            ask(file);
+    return ReplacedAllocator::count() - before;
+}
+
+void expectNoAllocationPerAnswer(bool precompute) {
+    std::unique_ptr<Rules> rules = preparedRules(precompute);
+    EXPECT_EQ(0u, allocationsAfterWarmUp([&](const char* file) { rules->isExcluded(file, nullptr, "/src/main.c"); }));
+    EXPECT_EQ(0u, allocationsAfterWarmUp([&](const char* file) { rules->isPruned(file, nullptr, file); }));
+    CountingIncluder includer;
+    const std::size_t allocations =
+        allocationsAfterWarmUp([&](const char* file) { rules->getIncludes(file, nullptr, includer); });
+    EXPECT_EQ(0u, allocations) << includer.count << " paths were included";
+}
+
+} // namespace
+
+TEST(FastQueriesAllocation, AsParsed) {
+    expectNoAllocationPerAnswer(false);
+}
+
+TEST(FastQueriesAllocation, AfterPrecompute) {
+    expectNoAllocationPerAnswer(true);
+}
+
+TEST(FastQueriesAllocation, NothingToIncludeAllocatesNothingEither) {
+    std::unique_ptr<Rules> rules = preparedRules(true);
+    CountingIncluder includer;
+    EXPECT_EQ(0u, allocationsAfterWarmUp([&](const char*) { rules->getIncludes("/a/b.txt", nullptr, includer); }));
+    EXPECT_EQ(0u, includer.count);
+}
+
+// The first query after a change of configuration prepares anew; after it,
+// nothing is allocated again.
+TEST(FastQueriesAllocation, AgainAfterReconfiguration) {
+    std::unique_ptr<Rules> rules = preparedRules(false);
+    rules->isExcluded("/work/src/main.c", nullptr, nullptr);
+    rules->setVantorRoot("/opt/other");
+    const std::size_t before = ReplacedAllocator::count();
+    rules->isExcluded("/work/src/main.c", nullptr, nullptr);
+    EXPECT_GT(ReplacedAllocator::count(), before) << "the first query prepares the rules anew";
+    EXPECT_EQ(0u, allocationsAfterWarmUp([&](const char* file) { rules->isExcluded(file, nullptr, nullptr); }));
+}

@@ -1,0 +1,39 @@
+// Merging and simplifying many rules costs time in proportion to their
+// number: eight times the rules may not take more than twenty-four times as
+// long (a quadratic merge would take about sixty-four times).
+#include <qxqrscript/Parser.hpp>
+#include <qxqrscript/Rules.hpp>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+namespace {
+
+std::string manyRules(int count) {
+    std::string script;
+    for (int i = 0; i < count; ++i)
+        script += "exclude if $file == /p/" + std::to_string(i) + ".c or $ext == .o" + std::to_string(i) + "\n";
+    return script;
+}
+
+double secondsToPrecompute(int rules) {
+    QuorelScript::Parser parser;
+    std::unique_ptr<QuorelScript::Rules> parsed(parser.parse(manyRules(rules).c_str()));
+    const auto start = std::chrono::steady_clock::now();
+    parsed->precompute();
+    const auto elapsed = std::chrono::steady_clock::now() - start;
+    EXPECT_TRUE(parsed->isExcluded("/p/7.c", nullptr, nullptr));
+    EXPECT_FALSE(parsed->isExcluded("/p/x.c", nullptr, nullptr));
+    return std::chrono::duration<double>(elapsed).count();
+}
+
+} // namespace
+
+TEST(precomputeScaling, IsLinearInTheNumberOfRules) {
+    const double few = secondsToPrecompute(2000);
+    const double many = secondsToPrecompute(16000);
+    EXPECT_LT(many, 24 * few + 0.01) << few << " s against " << many << " s";
+}
