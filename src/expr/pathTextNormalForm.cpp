@@ -2,6 +2,8 @@
 
 #include <qxqrscript/host.hpp>
 
+#include <algorithm>
+#include <array>
 #include <clocale>
 #include <cstdlib>
 #include <cstring>
@@ -11,27 +13,33 @@ namespace QuorelScript {
 
 namespace {
 
-// A loop the compiler unrolls into seven compares, where a search of the
-// set would cost a library call per character.
-constexpr bool isPathWhiteSpace(char c) {
+// The set as a table of all byte values, so that testing a character is one
+// look-up rather than a search of the set.
+constexpr std::array<bool, 256> pathWhiteSpaceTable() {
+    std::array<bool, 256> table{};
     for (const char* space = pathWhiteSpace; *space != '\0'; ++space)
-        if (*space == c)
-            return true;
-    return false;
+        table[static_cast<unsigned char>(*space)] = true;
+    return table;
+}
+
+constexpr std::array<bool, 256> isPathWhiteSpaceByte = pathWhiteSpaceTable();
+
+bool isPathWhiteSpace(char c) {
+    return isPathWhiteSpaceByte[static_cast<unsigned char>(c)];
 }
 
 // Whether two slashes follow each other among the bytes of the text up to
-// its first NUL. One pass, since paths hold many single slashes.
+// its first NUL. The slashes are jumped to, since a path is mostly other
+// characters.
 bool holdsDoubledSlashBytes(std::string_view text) {
-    bool afterSlash = false;
-    for (const char c : text) {
-        if (c == '\0')
+    const char* const end = text.data() + std::min(text.find('\0'), text.size());
+    for (const char* slash = text.data();; ++slash) {
+        slash = static_cast<const char*>(std::memchr(slash, '/', static_cast<std::size_t>(end - slash)));
+        if (slash == nullptr || slash + 1 == end)
             return false;
-        if (c == '/' && afterSlash)
+        if (slash[1] == '/')
             return true;
-        afterSlash = c == '/';
     }
-    return false;
 }
 
 // In a locale whose characters are single bytes, and in UTF-8, a '/' byte is
@@ -46,9 +54,9 @@ bool slashesAreWholeCharacters() {
     return std::strcmp(codeset, "UTF-8") == 0 || std::strcmp(codeset, "utf8") == 0;
 }
 
-char* findDoubledSlash(char* from) {
+char* findDoubledSlash(char* from, bool bytewise) {
     static char doubledSlash[] = "//";
-    if (slashesAreWholeCharacters())
+    if (bytewise)
         return std::strstr(from, doubledSlash);
     return hbMultiByteStrStr(from, doubledSlash);
 }
@@ -60,14 +68,15 @@ char* findDoubledSlash(char* from) {
 // is linear however many slashes there are. Dropping a slash keeps every
 // character boundary after it, so each search from a kept position finds
 // what a search over the shortened text would.
-void collapseDoubledSlashes(std::string& text) {
+bool collapseDoubledSlashes(std::string& text) {
     // Without two slashes in a row among its bytes, no search can find any.
     if (!holdsDoubledSlashBytes(text))
-        return;
+        return true;
+    const bool bytewise = slashesAreWholeCharacters();
     char* const chars = &text[0];
-    char* hit = findDoubledSlash(chars);
+    char* hit = findDoubledSlash(chars, bytewise);
     if (hit == nullptr)
-        return;
+        return bytewise;
     const std::size_t cStringLength = std::strlen(chars);
     char* const cStringEnd = chars + cStringLength;
     char* kept = hit;
@@ -78,11 +87,12 @@ void collapseDoubledSlashes(std::string& text) {
         std::memmove(kept, read, run);
         kept += run;
         read = hit + 1;
-        hit = findDoubledSlash(read);
+        hit = findDoubledSlash(read, bytewise);
     }
     std::memmove(kept, read, static_cast<std::size_t>(cStringEnd - read));
     kept += cStringEnd - read;
     text.resize(static_cast<std::size_t>(kept - chars));
+    return bytewise || !holdsDoubledSlashBytes(text);
 }
 
 std::string_view trimmedOfPathWhiteSpace(std::string_view text) {
@@ -102,17 +112,18 @@ void trimPathWhiteSpace(std::string& text) {
     text.erase(0, first);
 }
 
-void normalizePathText(std::string& text) {
-    collapseDoubledSlashes(text);
+bool normalizePathText(std::string& text) {
+    const bool noDoubledSlash = collapseDoubledSlashes(text);
     trimPathWhiteSpace(text);
+    return noDoubledSlash;
+}
+
+bool endsInPathWhiteSpace(std::string_view text) {
+    return !text.empty() && (isPathWhiteSpace(text.front()) || isPathWhiteSpace(text.back()));
 }
 
 bool isNormalPathText(std::string_view text) {
-    if (text.empty())
-        return true;
-    if (isPathWhiteSpace(text.front()) || isPathWhiteSpace(text.back()))
-        return false;
-    return !holdsDoubledSlashBytes(text);
+    return !endsInPathWhiteSpace(text) && !holdsDoubledSlashBytes(text);
 }
 
 } // namespace QuorelScript
