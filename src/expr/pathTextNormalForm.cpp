@@ -54,45 +54,60 @@ bool slashesAreWholeCharacters() {
     return std::strcmp(codeset, "UTF-8") == 0 || std::strcmp(codeset, "utf8") == 0;
 }
 
-char* findDoubledSlash(char* from, bool bytewise) {
-    static char doubledSlash[] = "//";
-    if (bytewise)
-        return std::strstr(from, doubledSlash);
-    return hbMultiByteStrStr(from, doubledSlash);
+
+// Where a slash is a whole character wherever its byte stands, the search
+// finds every slash that another one follows, so each run of slashes before
+// the first NUL shrinks to one, and the text ends at that NUL: one pass.
+void collapseBytewise(std::string& text) {
+    const std::size_t end = std::min(text.find('\0'), text.size());
+    std::size_t kept = 0;
+    for (std::size_t read = 0; read < end; ++read) {
+        const char c = text[read];
+        if (c == '/' && kept > 0 && text[kept - 1] == '/')
+            continue;
+        text[kept++] = c;
+    }
+    text.resize(kept);
 }
 
-} // namespace
-
-// Every slash that the search finds right before another one is dropped.
-// The characters are moved left once, as the copy goes along, so the cost
-// is linear however many slashes there are. Dropping a slash keeps every
-// character boundary after it, so each search from a kept position finds
-// what a search over the shortened text would.
-bool collapseDoubledSlashes(std::string& text) {
-    // Without two slashes in a row among its bytes, no search can find any.
-    if (!holdsDoubledSlashBytes(text))
-        return true;
-    const bool bytewise = slashesAreWholeCharacters();
+// Elsewhere each slash that the host's search finds right before another one
+// is dropped. The characters are moved left once, as the copy goes along,
+// so the cost stays linear however many slashes there are. Dropping a slash
+// keeps every character boundary after it, so each search from a kept
+// position finds what a search over the shortened text would.
+void collapseWithHostSearch(std::string& text) {
+    static char doubledSlash[] = "//";
     char* const chars = &text[0];
-    char* hit = findDoubledSlash(chars, bytewise);
+    char* hit = hbMultiByteStrStr(chars, doubledSlash);
     if (hit == nullptr)
-        return bytewise;
-    const std::size_t cStringLength = std::strlen(chars);
-    char* const cStringEnd = chars + cStringLength;
+        return;
+    char* const cStringEnd = chars + std::strlen(chars);
     char* kept = hit;
     char* read = hit;
     while (hit != nullptr) {
-        // Keep everything up to the doubled slash, then drop its first slash.
         const std::size_t run = static_cast<std::size_t>(hit - read);
         std::memmove(kept, read, run);
         kept += run;
         read = hit + 1;
-        hit = findDoubledSlash(read, bytewise);
+        hit = hbMultiByteStrStr(read, doubledSlash);
     }
     std::memmove(kept, read, static_cast<std::size_t>(cStringEnd - read));
     kept += cStringEnd - read;
     text.resize(static_cast<std::size_t>(kept - chars));
-    return bytewise || !holdsDoubledSlashBytes(text);
+}
+
+} // namespace
+
+bool collapseDoubledSlashes(std::string& text) {
+    // Without two slashes in a row among its bytes, no search can find any.
+    if (!holdsDoubledSlashBytes(text))
+        return true;
+    if (slashesAreWholeCharacters()) {
+        collapseBytewise(text);
+        return true;
+    }
+    collapseWithHostSearch(text);
+    return !holdsDoubledSlashBytes(text);
 }
 
 std::string_view trimmedOfPathWhiteSpace(std::string_view text) {
