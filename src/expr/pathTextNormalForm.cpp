@@ -2,6 +2,8 @@
 
 #include <qxqrscript/host.hpp>
 
+#include <algorithm>
+#include <array>
 #include <clocale>
 #include <cstdlib>
 #include <cstring>
@@ -11,27 +13,33 @@ namespace QuorelScript {
 
 namespace {
 
-// A loop the compiler unrolls into seven compares, where a search of the
-// set would cost a library call per character.
-constexpr bool isPathWhiteSpace(char c) {
+// The set as a table of all byte values, so that testing a character is one
+// look-up rather than a search of the set.
+constexpr std::array<bool, 256> pathWhiteSpaceTable() {
+    std::array<bool, 256> table{};
     for (const char* space = pathWhiteSpace; *space != '\0'; ++space)
-        if (*space == c)
-            return true;
-    return false;
+        table[static_cast<unsigned char>(*space)] = true;
+    return table;
+}
+
+constexpr std::array<bool, 256> isPathWhiteSpaceByte = pathWhiteSpaceTable();
+
+bool isPathWhiteSpace(char c) {
+    return isPathWhiteSpaceByte[static_cast<unsigned char>(c)];
 }
 
 // Whether two slashes follow each other among the bytes of the text up to
-// its first NUL. One pass, since paths hold many single slashes.
+// its first NUL. The slashes are jumped to, since a path is mostly other
+// characters.
 bool holdsDoubledSlashBytes(std::string_view text) {
-    bool afterSlash = false;
-    for (const char c : text) {
-        if (c == '\0')
+    const char* const end = text.data() + std::min(text.find('\0'), text.size());
+    for (const char* slash = text.data();; ++slash) {
+        slash = static_cast<const char*>(std::memchr(slash, '/', static_cast<std::size_t>(end - slash)));
+        if (slash == nullptr || slash + 1 == end)
             return false;
-        if (c == '/' && afterSlash)
+        if (slash[1] == '/')
             return true;
-        afterSlash = c == '/';
     }
-    return false;
 }
 
 // In a locale whose characters are single bytes, and in UTF-8, a '/' byte is
@@ -46,43 +54,60 @@ bool slashesAreWholeCharacters() {
     return std::strcmp(codeset, "UTF-8") == 0 || std::strcmp(codeset, "utf8") == 0;
 }
 
-char* findDoubledSlash(char* from) {
-    static char doubledSlash[] = "//";
-    if (slashesAreWholeCharacters())
-        return std::strstr(from, doubledSlash);
-    return hbMultiByteStrStr(from, doubledSlash);
+
+// Where a slash is a whole character wherever its byte stands, the search
+// finds every slash that another one follows, so each run of slashes before
+// the first NUL shrinks to one, and the text ends at that NUL: one pass.
+void collapseBytewise(std::string& text) {
+    const std::size_t end = std::min(text.find('\0'), text.size());
+    std::size_t kept = 0;
+    for (std::size_t read = 0; read < end; ++read) {
+        const char c = text[read];
+        if (c == '/' && kept > 0 && text[kept - 1] == '/')
+            continue;
+        text[kept++] = c;
+    }
+    text.resize(kept);
 }
 
-} // namespace
-
-// Every slash that the search finds right before another one is dropped.
-// The characters are moved left once, as the copy goes along, so the cost
-// is linear however many slashes there are. Dropping a slash keeps every
-// character boundary after it, so each search from a kept position finds
-// what a search over the shortened text would.
-void collapseDoubledSlashes(std::string& text) {
-    // Without two slashes in a row among its bytes, no search can find any.
-    if (!holdsDoubledSlashBytes(text))
-        return;
+// Elsewhere each slash that the host's search finds right before another one
+// is dropped. The characters are moved left once, as the copy goes along,
+// so the cost stays linear however many slashes there are. Dropping a slash
+// keeps every character boundary after it, so each search from a kept
+// position finds what a search over the shortened text would.
+void collapseWithHostSearch(std::string& text) {
+    static char doubledSlash[] = "//";
     char* const chars = &text[0];
-    char* hit = findDoubledSlash(chars);
+    char* hit = hbMultiByteStrStr(chars, doubledSlash);
     if (hit == nullptr)
         return;
-    const std::size_t cStringLength = std::strlen(chars);
-    char* const cStringEnd = chars + cStringLength;
+    char* const cStringEnd = chars + std::strlen(chars);
     char* kept = hit;
     char* read = hit;
     while (hit != nullptr) {
-        // Keep everything up to the doubled slash, then drop its first slash.
         const std::size_t run = static_cast<std::size_t>(hit - read);
         std::memmove(kept, read, run);
         kept += run;
         read = hit + 1;
-        hit = findDoubledSlash(read);
+        hit = hbMultiByteStrStr(read, doubledSlash);
     }
     std::memmove(kept, read, static_cast<std::size_t>(cStringEnd - read));
     kept += cStringEnd - read;
     text.resize(static_cast<std::size_t>(kept - chars));
+}
+
+} // namespace
+
+bool collapseDoubledSlashes(std::string& text) {
+    // Without two slashes in a row among its bytes, no search can find any.
+    if (!holdsDoubledSlashBytes(text))
+        return true;
+    if (slashesAreWholeCharacters()) {
+        collapseBytewise(text);
+        return true;
+    }
+    collapseWithHostSearch(text);
+    return !holdsDoubledSlashBytes(text);
 }
 
 std::string_view trimmedOfPathWhiteSpace(std::string_view text) {
@@ -102,17 +127,18 @@ void trimPathWhiteSpace(std::string& text) {
     text.erase(0, first);
 }
 
-void normalizePathText(std::string& text) {
-    collapseDoubledSlashes(text);
+bool normalizePathText(std::string& text) {
+    const bool noDoubledSlash = collapseDoubledSlashes(text);
     trimPathWhiteSpace(text);
+    return noDoubledSlash;
+}
+
+bool endsInPathWhiteSpace(std::string_view text) {
+    return !text.empty() && (isPathWhiteSpace(text.front()) || isPathWhiteSpace(text.back()));
 }
 
 bool isNormalPathText(std::string_view text) {
-    if (text.empty())
-        return true;
-    if (isPathWhiteSpace(text.front()) || isPathWhiteSpace(text.back()))
-        return false;
-    return !holdsDoubledSlashBytes(text);
+    return !endsInPathWhiteSpace(text) && !holdsDoubledSlashBytes(text);
 }
 
 } // namespace QuorelScript

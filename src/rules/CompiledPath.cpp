@@ -69,23 +69,14 @@ CompiledPath::CompiledPath(const Expression<Path>& expression, const ConfiguredV
     kind_ = Kind::substituted;
 }
 
-std::string_view CompiledPath::text(QueryContext& context) const {
-    switch (kind_) {
-    case Kind::fixed:
-        return text_;
-    case Kind::loneVariable:
-        return context.variableText(variable_);
-    case Kind::substituted: {
-        std::string& text = context.text(slot_);
+std::string_view CompiledPath::workedOutText(QueryContext& context) const {
+    std::string& text = context.text(slot_);
+    if (kind_ == Kind::substituted) {
         text.assign(text_);
         context.substitute(text);
-        return text;
+    } else {
+        text.assign(opaque_->evaluate(context.variables().bindings()).text());
     }
-    case Kind::opaque:
-        break;
-    }
-    std::string& text = context.text(slot_);
-    text.assign(opaque_->evaluate(context.variables().bindings()).text());
     return text;
 }
 

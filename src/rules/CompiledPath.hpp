@@ -25,7 +25,13 @@ public:
 
     // The text in this query; valid until this path is evaluated again in
     // the same context, or the query ends.
-    std::string_view text(QueryContext& context) const;
+    std::string_view text(QueryContext& context) const {
+        if (kind_ == Kind::fixed)
+            return text_;
+        if (kind_ == Kind::loneVariable)
+            return context.variableText(variable_);
+        return workedOutText(context);
+    }
     // The same, NUL-terminated, for the host services.
     const char* terminatedText(QueryContext& context) const;
 
@@ -36,6 +42,9 @@ public:
 
 private:
     enum class Kind { fixed, loneVariable, substituted, opaque };
+
+    // The text of a substituted or opaque path, made in its buffer.
+    std::string_view workedOutText(QueryContext& context) const;
 
     Kind kind_;
     // The fixed text, or the literal's text as written for a substitution.

@@ -13,30 +13,17 @@ void QueryContext::start(const char* file, const char* caller) {
     variableTextReady_.reset();
 }
 
-namespace {
-
-// The file and the caller are normalized as the bindings are made, and
-// normalizing a normalized text changes nothing; the pieces cut from the
-// file can still carry white space at their ends.
-bool isNormalValue(QueryVariable variable, std::string_view value) {
-    return variable == QueryVariable::file || variable == QueryVariable::caller || isNormalPathText(value);
-}
-
-} // namespace
-
 // A lone reference is replaced by the value, which is normalized; a value
 // already in normal form without references of its own is the text itself.
-std::string_view QueryContext::variableText(QueryVariable variable) {
+std::string_view QueryContext::workOutVariableText(QueryVariable variable) {
     const std::size_t index = indexOf(variable);
-    if (variableTextReady_[index])
-        return variableTexts_[index];
     const std::string_view value = variables_.value(variable);
     std::string& buffer = variableTextBuffers_[index];
     if (value.find('$') != std::string_view::npos) {
         buffer.assign("$").append(nameOf(variable));
         substitute(buffer);
         variableTexts_[index] = buffer;
-    } else if (isNormalValue(variable, value)) {
+    } else if (variables_.isNormal(variable)) {
         variableTexts_[index] = value;
     } else {
         buffer.assign(value);

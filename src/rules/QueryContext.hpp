@@ -42,7 +42,10 @@ public:
 
     // The text that a path literal consisting of just a reference to
     // `variable` evaluates to in this query; worked out once per query.
-    std::string_view variableText(QueryVariable variable);
+    std::string_view variableText(QueryVariable variable) {
+        const std::size_t index = indexOf(variable);
+        return variableTextReady_[index] ? variableTexts_[index] : workOutVariableText(variable);
+    }
 
     // Replaces the variable references in `text` as a path literal's
     // evaluation in this query would.
@@ -52,6 +55,7 @@ public:
     std::vector<std::uint32_t>& positions(std::size_t slot) { return positionLists_[slot]; }
 
 private:
+    std::string_view workOutVariableText(QueryVariable variable);
     std::string_view normalizedName(std::string_view name);
 
     QueryVariables variables_;

@@ -6,9 +6,9 @@ namespace QuorelScript {
 
 namespace {
 
-void assignNormalized(std::string& target, const char* text) {
+bool assignNormalized(std::string& target, const char* text) {
     target.assign(text != nullptr ? text : "");
-    normalizePathText(target);
+    return normalizePathText(target);
 }
 
 } // namespace
@@ -17,6 +17,7 @@ QueryVariables::QueryVariables(const ConfiguredVariables& configured)
     : configured_(&configured),
       fileArgument_(nullptr),
       callerArgument_(nullptr),
+      fileFreeOfDoubledSlashes_(true),
       fileReady_(false),
       callerReady_(false) {}
 
@@ -30,7 +31,7 @@ void QueryVariables::start(const char* file, const char* caller) {
 
 const std::string& QueryVariables::file() {
     if (!fileReady_) {
-        assignNormalized(file_, fileArgument_);
+        fileFreeOfDoubledSlashes_ = assignNormalized(file_, fileArgument_);
         fileParts_ = splitFilePath(file_);
         fileReady_ = true;
     }
@@ -58,6 +59,25 @@ std::string_view QueryVariables::value(QueryVariable variable) {
         return caller_;
     default:
         return configured_->value(variable);
+    }
+}
+
+// The file and the caller are normalized as they are bound, and
+// normalizing a normalized text changes nothing. The pieces of the file can
+// still carry white space at their ends, and hold doubled slashes only where
+// the file does.
+bool QueryVariables::isNormal(QueryVariable variable) {
+    switch (variable) {
+    case QueryVariable::file:
+    case QueryVariable::caller:
+        return true;
+    case QueryVariable::dir:
+    case QueryVariable::name:
+    case QueryVariable::ext:
+        file();
+        return fileFreeOfDoubledSlashes_ && !endsInPathWhiteSpace(value(variable));
+    default:
+        return isNormalPathText(value(variable));
     }
 }
 

@@ -26,6 +26,9 @@ public:
 
     // The value as the query's bindings hold it.
     std::string_view value(QueryVariable variable);
+    // Whether that value is in normal form, so that normalizing it again
+    // would change nothing.
+    bool isNormal(QueryVariable variable);
 
     // The bindings map that the query's conditions are defined against, for
     // the nodes that can only evaluate themselves; made on first use.
@@ -40,6 +43,7 @@ private:
     std::string file_;
     std::string caller_;
     FilePathParts fileParts_;
+    bool fileFreeOfDoubledSlashes_;
     bool fileReady_;
     bool callerReady_;
     std::optional<Bindings> bindings_;

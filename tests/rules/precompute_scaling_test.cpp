@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <string>
@@ -32,8 +33,13 @@ double secondsToPrecompute(int rules) {
 
 } // namespace
 
+// The best of three runs is compared, so that a busy machine does not decide.
+double bestSecondsToPrecompute(int rules) {
+    return std::min({secondsToPrecompute(rules), secondsToPrecompute(rules), secondsToPrecompute(rules)});
+}
+
 TEST(precomputeScaling, IsLinearInTheNumberOfRules) {
-    const double few = secondsToPrecompute(2000);
-    const double many = secondsToPrecompute(16000);
+    const double few = bestSecondsToPrecompute(2000);
+    const double many = bestSecondsToPrecompute(16000);
     EXPECT_LT(many, 24 * few + 0.01) << few << " s against " << many << " s";
 }
