@@ -4,8 +4,6 @@
 #include "grammar/ParserImpl.hpp"
 #include "grammar/actions/ParserAction.hpp"
 
-#include <ostream>
-#include <sstream>
 #include <string>
 
 namespace QuorelScript {
@@ -24,10 +22,9 @@ public:
         CollectedRules<R>& rules = parser().template rules<R>();
         if (rules.empty())
             throw ParserImpl::InternalError();
-        std::ostringstream name;
-        name << parser().scriptName() << ", line " << parser().lineCount() << ": " << std::endl
-             << std::string(first, last);
-        rules.last().debugInfo = name.str();
+        std::string& name = rules.last().debugInfo;
+        name.assign(parser().scriptName()).append(", line ").append(std::to_string(parser().lineCount()));
+        name.append(": \n").append(first, last);
     }
 };
 
