@@ -1,5 +1,6 @@
 #include "rules/ParsedRules.hpp"
 
+#include "common/textOrEmpty.hpp"
 #include "expr/Bindings.hpp"
 #include "expr/Path.hpp"
 #include "rules/expandIncludeRule.hpp"
@@ -122,12 +123,12 @@ void ParsedRules::getIncludes(const char* file, const char* /*reserved*/, Quorel
 }
 
 void ParsedRules::setVantorRoot(const char* root) {
-    vantorRoot = root;
+    vantorRoot = textOrEmpty(root);
     hasVantorRoot = true;
 }
 
 void ParsedRules::setCwd(const char* dir) {
-    cwd = dir;
+    cwd = textOrEmpty(dir);
     hasCwd = true;
 }
 
