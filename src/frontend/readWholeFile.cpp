@@ -73,6 +73,17 @@ bool readRegularFile(int descriptor, std::string& text) {
     return readUpTo(descriptor, static_cast<std::size_t>(size), text);
 }
 
+// Whether `descriptor` has nothing more to give. One byte is asked for, so
+// that a file of exactly the limit never needs a larger buffer.
+bool isAtEnd(int descriptor) {
+    char extra;
+    ssize_t got;
+    do
+        got = ::read(descriptor, &extra, 1);
+    while (got < 0 && errno == EINTR);
+    return got == 0;
+}
+
 // A pipe tells no size: it is read to its end, and refused once it gives
 // more than the limit.
 bool readPipe(int descriptor, std::string& text) {
@@ -81,7 +92,7 @@ bool readPipe(int descriptor, std::string& text) {
     const int flags = ::fcntl(descriptor, F_GETFL);
     if (flags < 0 || ::fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK) < 0)
         return false;
-    return readUpTo(descriptor, FileReader::maxFileSize + 1, text) && text.size() <= FileReader::maxFileSize;
+    return readUpTo(descriptor, FileReader::maxFileSize, text) && isAtEnd(descriptor);
 }
 
 } // namespace

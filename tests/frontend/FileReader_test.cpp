@@ -175,8 +175,26 @@ TEST(FileReader, FileWithoutASizeIsUnreadable) {
     EXPECT_EQ(syntaxErrorMessage("before", 1, "bad"), errors.str());
 }
 
+namespace {
+
 // Whatever the reason a file is not read, the reader says nothing, gives
-// null and leaves the script name as it was.
+// null or adds nothing, and leaves the script name as it was.
+void expectNotRead(const char* file) {
+    SCOPED_TRACE(file ? file : "null");
+    FileReader reader;
+    std::ostringstream errors;
+    reader.getParser().setErrorSink(&errors);
+    reader.getParser().setScriptName("before");
+    EXPECT_EQ(nullptr, reader.read(file));
+    ParsedRules rules(nullptr, nullptr, nullptr);
+    reader.read(&rules, file);
+    EXPECT_EQ("", printed(rules));
+    reader.getParser().parse("bad\n");
+    EXPECT_EQ(syntaxErrorMessage("before", 1, "bad"), errors.str());
+}
+
+} // namespace
+
 TEST(FileReader, RefusedFilesGiveNullSilentlyAndKeepTheScriptName) {
     TempTree tree;
     const std::string fifo = tree.path("fifo");
@@ -184,31 +202,12 @@ TEST(FileReader, RefusedFilesGiveNullSilentlyAndKeepTheScriptName) {
     const std::string large = tree.file("large.qr");
     ASSERT_EQ(0, ::truncate(large.c_str(), 3LL << 30));
     Deadline deadline(10);
-    for (const std::string& file : {fifo, large, std::string("/dev/zero")}) {
-        FileReader reader;
-        std::ostringstream errors;
-        reader.getParser().setErrorSink(&errors);
-        reader.getParser().setScriptName("before");
-        EXPECT_EQ(nullptr, reader.read(file.c_str())) << file;
-        ParsedRules rules(nullptr, nullptr, nullptr);
-        reader.read(&rules, file.c_str());
-        EXPECT_EQ("", printed(rules)) << file;
-        reader.getParser().parse("bad\n");
-        EXPECT_EQ(syntaxErrorMessage("before", 1, "bad"), errors.str()) << file;
-    }
+    for (const std::string& file : {fifo, large, std::string("/dev/zero")})
+        expectNotRead(file.c_str());
 }
 
 TEST(FileReader, NullFileNameGivesNullSilently) {
-    FileReader reader;
-    std::ostringstream errors;
-    reader.getParser().setErrorSink(&errors);
-    reader.getParser().setScriptName("before");
-    EXPECT_EQ(nullptr, reader.read(nullptr));
-    ParsedRules rules(nullptr, nullptr, nullptr);
-    reader.read(&rules, nullptr);
-    EXPECT_EQ("", printed(rules));
-    reader.getParser().parse("bad\n");
-    EXPECT_EQ(syntaxErrorMessage("before", 1, "bad"), errors.str());
+    expectNotRead(nullptr);
 }
 
 TEST(FileReader, NullRuleSetReadsNothing) {

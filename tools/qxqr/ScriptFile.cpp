@@ -116,9 +116,10 @@ std::string ScriptFile::readWhole() const
             continue;
         if (got < 0)
             refuse(name_, std::strerror(errno));
-        text.append(buffer, static_cast<std::size_t>(got));
-        if (text.size() > QuorelScript::FileReader::maxFileSize)
+        // Tested before the text grows, which keeps it within the limit.
+        if (text.size() + static_cast<std::size_t>(got) > QuorelScript::FileReader::maxFileSize)
             refuse(name_, tooLarge());
+        text.append(buffer, static_cast<std::size_t>(got));
     }
 }
 
