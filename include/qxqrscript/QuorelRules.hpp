@@ -17,7 +17,8 @@ public:
 
     virtual ~QuorelRules();
 
-    // The second argument is reserved and ignored.
+    // The second argument is reserved and ignored. A null file or caller is
+    // the empty path.
     virtual bool isExcluded(const char* file, const char* reserved, const char* caller) = 0;
     virtual bool isPruned(const char* file, const char* reserved, const char* caller) = 0;
     virtual void getIncludes(const char* file, const char* reserved, QuorelRules::Includer& includer) = 0;

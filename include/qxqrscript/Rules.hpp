@@ -16,8 +16,9 @@ public:
     ~Rules() override;
 
     // The installation root; the variables $vantor and $toolbox derive from it.
+    // Null sets the empty root, as "" does.
     virtual void setVantorRoot(const char* root) = 0;
-    // The directory that $cwd names.
+    // The directory that $cwd names; null sets the empty directory, as "" does.
     virtual void setCwd(const char* dir) = 0;
     // setCwd with the process's current directory. The result has no meaning.
     virtual int setCwdFromProcess() = 0;
@@ -34,7 +35,7 @@ public:
 
 } // namespace QuorelScript
 
-// Prints the rule set; `rules` must not be null.
+// Prints the rule set; a null `rules` prints nothing.
 QXQRSCRIPT_API std::ostream& operator<<(std::ostream& os, const QuorelScript::Rules* rules);
 
 #endif

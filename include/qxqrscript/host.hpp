@@ -3,7 +3,8 @@
 
 // The host services the library relies on: file-system tests, directory
 // enumeration, the current directory and a multibyte-aware substring search.
-// The library ships its own POSIX implementation of them.
+// The library ships its own POSIX implementation of them, in which a null
+// path or pattern is the empty one (which names nothing).
 
 #include <qxqrscript/version.hpp>
 
@@ -15,7 +16,8 @@ QXQRSCRIPT_API bool kfFileOrDirExists(const char* path);
 // True for an existing directory.
 QXQRSCRIPT_API bool kfIsDirectory(const char* path);
 // The current directory, written into `buffer` of `size` characters;
-// returns `buffer`, or null when the directory cannot be had.
+// returns `buffer`, or null when the directory cannot be had or `buffer`
+// is null.
 QXQRSCRIPT_API char* hbGetcwd(char* buffer, std::size_t size);
 }
 
@@ -46,7 +48,8 @@ QXQRSCRIPT_API void kfFindMatchingFilesAndDirs(const char* pattern, const kfStri
                                                bool reserved);
 
 // The first occurrence of `needle` in `haystack`, stepping over whole
-// multibyte characters of the current locale; null when there is none.
+// multibyte characters of the current locale; null when there is none or
+// `haystack` is null. A null `needle` is the empty one.
 QXQRSCRIPT_API char* hbMultiByteStrStr(char* haystack, const char* needle);
 
 #endif

@@ -1,5 +1,6 @@
 #include <qxqrscript/Parser.hpp>
 
+#include "common/textOrEmpty.hpp"
 #include "frontend/SyntaxErrorReport.hpp"
 #include "grammar/ParserImpl.hpp"
 #include "rules/ParsedRules.hpp"
@@ -14,6 +15,7 @@ namespace {
 // its end is reported on the error sink; the rules that its good lines made
 // stay with the parser and go with the next text that matches completely.
 bool matchesCompletely(ParserImpl& impl, const char* text) {
+    text = textOrEmpty(text);
     const char* cursor = text;
     const char* end = text + std::strlen(text);
     impl.matchScript(cursor, end);
@@ -47,6 +49,8 @@ Parser::~Parser() {
 }
 
 void Parser::parse(Rules* rules, const char* text) {
+    if (rules == nullptr)
+        return;
     if (matchesCompletely(*impl, text))
         impl->handOverRules(static_cast<ParsedRules&>(*rules));
 }
@@ -68,7 +72,7 @@ Rules* Parser::parse(const char* text, bool verbose) {
 }
 
 void Parser::setScriptName(const char* name) {
-    impl->setScriptName(name);
+    impl->setScriptName(textOrEmpty(name));
 }
 
 void Parser::setDebugVerbose(bool on) {

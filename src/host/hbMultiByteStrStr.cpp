@@ -1,5 +1,7 @@
 #include <qxqrscript/host.hpp>
 
+#include "common/textOrEmpty.hpp"
+
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
@@ -21,7 +23,11 @@ std::size_t characterLength(const char* chars, std::mbstate_t& state) {
 
 // Only positions where a character begins are tried, so a needle never
 // matches the trailing bytes of one character and the leading ones of the next.
+// A null haystack has no position to return; a null needle is empty.
 char* hbMultiByteStrStr(char* haystack, const char* needle) {
+    if (haystack == nullptr)
+        return nullptr;
+    needle = QuorelScript::textOrEmpty(needle);
     const std::size_t needleLength = std::strlen(needle);
     std::mbstate_t state = std::mbstate_t();
     for (char* position = haystack;; position += characterLength(position, state)) {

@@ -1,8 +1,10 @@
 #include <qxqrscript/host.hpp>
 
+#include "common/textOrEmpty.hpp"
+
 #include <sys/stat.h>
 
 bool kfFileOrDirExists(const char* path) {
     struct stat status;
-    return stat(path, &status) == 0;
+    return stat(QuorelScript::textOrEmpty(path), &status) == 0;
 }

@@ -1,5 +1,7 @@
 #include <qxqrscript/host.hpp>
 
+#include "common/textOrEmpty.hpp"
+
 #include <dirent.h>
 #include <glob.h>
 
@@ -81,6 +83,7 @@ Paths matchingPaths(const char* pattern) {
 
 void kfFindMatchingFilesAndDirs(const char* pattern, const kfStringProcedure& fileProc,
                                 const kfStringProcedure& dirProc, int wholeDirectory, bool) {
+    pattern = QuorelScript::textOrEmpty(pattern);
     Paths paths = wholeDirectory == 1 ? directoryEntries(pattern) : matchingPaths(pattern);
     // Byte order, whatever the locale's collation.
     std::sort(paths.begin(), paths.end());

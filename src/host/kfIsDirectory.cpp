@@ -1,9 +1,11 @@
 #include <qxqrscript/host.hpp>
 
+#include "common/textOrEmpty.hpp"
+
 #include <sys/stat.h>
 
 // A symbolic link to a directory counts as a directory.
 bool kfIsDirectory(const char* path) {
     struct stat status;
-    return stat(path, &status) == 0 && S_ISDIR(status.st_mode);
+    return stat(QuorelScript::textOrEmpty(path), &status) == 0 && S_ISDIR(status.st_mode);
 }

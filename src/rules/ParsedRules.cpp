@@ -1,5 +1,7 @@
 #include "rules/ParsedRules.hpp"
 
+#include "common/textOrEmpty.hpp"
+#include "expr/Bindings.hpp"
 #include "expr/Path.hpp"
 #include "rules/QueryPlan.hpp"
 #include "rules/expandIncludeRule.hpp"
@@ -163,13 +165,13 @@ void ParsedRules::rulesChanged() {
 }
 
 void ParsedRules::setVantorRoot(const char* root) {
-    vantorRoot = root;
+    vantorRoot = textOrEmpty(root);
     hasVantorRoot = true;
     rulesChanged();
 }
 
 void ParsedRules::setCwd(const char* dir) {
-    cwd = dir;
+    cwd = textOrEmpty(dir);
     hasCwd = true;
     rulesChanged();
 }

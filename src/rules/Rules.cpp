@@ -11,6 +11,9 @@ QuorelRules::Includer::~Includer() {}
 
 QuorelScript::Rules::~Rules() {}
 
+// A null rule set prints as one without rules: as nothing.
 std::ostream& operator<<(std::ostream& os, const QuorelScript::Rules* rules) {
+    if (rules == nullptr)
+        return os;
     return rules->print(os);
 }

@@ -1,5 +1,7 @@
 #include "FrontendTesting.hpp"
 
+#include "Deadline.hpp"
+#include "PipeWriter.hpp"
 #include "TempTree.hpp"
 #include "rules/ParsedRules.hpp"
 
@@ -10,6 +12,9 @@
 #include <memory>
 #include <sstream>
 #include <string>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace FrontendTesting;
 using QuorelScript::FileReader;
@@ -168,4 +173,85 @@ TEST(FileReader, FileWithoutASizeIsUnreadable) {
     EXPECT_EQ(nullptr, reader.read("/proc/self/status"));
     reader.getParser().parse("bad\n");
     EXPECT_EQ(syntaxErrorMessage("before", 1, "bad"), errors.str());
+}
+
+namespace {
+
+// Whatever the reason a file is not read, the reader says nothing, gives
+// null or adds nothing, and leaves the script name as it was.
+void expectNotRead(const char* file) {
+    SCOPED_TRACE(file ? file : "null");
+    FileReader reader;
+    std::ostringstream errors;
+    reader.getParser().setErrorSink(&errors);
+    reader.getParser().setScriptName("before");
+    EXPECT_EQ(nullptr, reader.read(file));
+    ParsedRules rules(nullptr, nullptr, nullptr);
+    reader.read(&rules, file);
+    EXPECT_EQ("", printed(rules));
+    reader.getParser().parse("bad\n");
+    EXPECT_EQ(syntaxErrorMessage("before", 1, "bad"), errors.str());
+}
+
+} // namespace
+
+TEST(FileReader, RefusedFilesGiveNullSilentlyAndKeepTheScriptName) {
+    TempTree tree;
+    const std::string fifo = tree.path("fifo");
+    ASSERT_EQ(0, ::mkfifo(fifo.c_str(), 0600));
+    const std::string large = tree.file("large.qr");
+    ASSERT_EQ(0, ::truncate(large.c_str(), 3LL << 30));
+    Deadline deadline(10);
+    for (const std::string& file : {fifo, large, std::string("/dev/zero")})
+        expectNotRead(file.c_str());
+}
+
+TEST(FileReader, NullFileNameGivesNullSilently) {
+    expectNotRead(nullptr);
+}
+
+TEST(FileReader, NullRuleSetReadsNothing) {
+    TempTree tree;
+    FileReader reader;
+    std::ostringstream errors;
+    reader.getParser().setErrorSink(&errors);
+    reader.getParser().setScriptName("before");
+    reader.read(nullptr, tree.file("bad.qr", "bad\n").c_str());
+    EXPECT_EQ("", errors.str());
+    reader.getParser().parse("worse\n");
+    EXPECT_EQ(syntaxErrorMessage("before", 1, "worse"), errors.str());
+}
+
+TEST(FileReader, ScriptOnAPipeIsNamedAfterItsPath) {
+    PipeWriter pipe("exclude if true\n");
+    FileReader reader;
+    std::unique_ptr<Rules> rules(reader.read(pipe.path().c_str()));
+    ASSERT_NE(nullptr, rules);
+    ASSERT_TRUE(rules->isExcluded("f", nullptr, nullptr));
+    EXPECT_EQ(pipe.path() + ", line 1: \nexclude if true", rules->getLastMatchText());
+}
+
+TEST(FileReader, LoneCarriageReturnEndsNoLine) {
+    TempTree tree;
+    FileReader reader;
+    std::ostringstream errors;
+    reader.getParser().setErrorSink(&errors);
+    std::string file = tree.file("cr.qr", "exclude if a exists\rprune if b exists\r");
+    EXPECT_EQ(nullptr, reader.read(file.c_str()));
+    EXPECT_EQ(syntaxErrorMessage(file, 1, "exclude if a exists\rprune if b exists\r"), errors.str());
+}
+
+// Scripts are bytes, not characters: a byte that starts no UTF-8 character
+// may stand in a comment, and in a path it is no path character.
+TEST(FileReader, InvalidUtf8IsTakenByteForByte) {
+    TempTree tree;
+    FileReader reader;
+    std::ostringstream errors;
+    reader.getParser().setErrorSink(&errors);
+    std::unique_ptr<Rules> rules(reader.read(tree.file("c.qr", "% \xff\xfe\x80\nexclude if a exists\n").c_str()));
+    ASSERT_NE(nullptr, rules);
+    EXPECT_EQ("\texclude if exists(a)\n\n", printed(*rules));
+    std::string file = tree.file("p.qr", "exclude if \xff/a exists\n");
+    EXPECT_EQ(nullptr, reader.read(file.c_str()));
+    EXPECT_EQ(syntaxErrorMessage(file, 1, "exclude if \xff/a exists"), errors.str());
 }

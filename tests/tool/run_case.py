@@ -4,6 +4,7 @@
 A case file holds, in this order:
 
     # comment lines, saying what the case shows
+    + fifo NAME
     $ qxqr query --explain rules/basic.rules -- tree/a.c
     < a line given on standard input (as many as needed)
     > /dev/full
@@ -16,6 +17,16 @@ A case file holds, in this order:
 "$" gives the command line, split as a POSIX shell would; its first word
 names a program given with --program NAME=PATH. ">" sends standard output
 to the file named instead of reading it back. "?" gives the exit status.
+
+"+" lines make files that cannot be kept among the fixtures, in a fresh
+temporary directory that "@TMP@" stands for everywhere in the case:
+"+ file NAME TEXT" (TEXT with Python's backslash escapes, so "\r", "\0" and
+"\xff" can be written), "+ unreadable NAME TEXT" (the same, without read
+permission), "+ fifo NAME", "+ sized NAME BYTES" (BYTES NUL bytes that
+take no room on disk). Standard input is a pipe carrying the "<" lines, or
+with "<< FILE" the file itself, or with "<| FILE" a pipe carrying its bytes.
+A case that needs what this process cannot make (a file it cannot read,
+when it runs as root) is skipped, with exit status 77 and the reason.
 An absent stdout or stderr section means that stream must stay empty.
 Instead of "--- stdout", "--- json" compares the output parsed as JSON with
 the section parsed as JSON, and "--- stdout-matches" requires the output to
@@ -32,10 +43,16 @@ import re
 import shlex
 import subprocess
 import sys
+import tempfile
+
+
+SKIPPED = 77
+TIME_LIMIT = 60
 
 
 def read_case(path):
-    case = {"command": None, "stdin": [], "stdout_to": None, "status": None, "sections": {}}
+    case = {"command": None, "stdin": [], "stdin_file": None, "stdin_piped": None, "files": [],
+            "stdout_to": None, "status": None, "sections": {}}
     section = None
     with open(path, encoding="utf-8", newline="") as lines:
         for line in lines:
@@ -46,6 +63,12 @@ def read_case(path):
                 case["sections"][section] += line
             elif line.startswith("$ "):
                 case["command"] = shlex.split(line[2:])
+            elif line.startswith("+ "):
+                case["files"].append(line[2:].rstrip("\n").split(" ", 2))
+            elif line.startswith("<< "):
+                case["stdin_file"] = line[3:].rstrip("\n")
+            elif line.startswith("<| "):
+                case["stdin_piped"] = line[3:].rstrip("\n")
             elif line.startswith("< "):
                 case["stdin"].append(line[2:])
             elif line.startswith("> "):
@@ -57,6 +80,46 @@ def read_case(path):
     if case["command"] is None or case["status"] is None:
         raise ValueError(f"{path}: a case needs a '$' line and a '?' line")
     return case
+
+
+def escaped_bytes(text):
+    return text.encode("latin-1").decode("unicode_escape").encode("latin-1")
+
+
+class Skip(Exception):
+    pass
+
+
+def make_file(directory, kind, name, argument=""):
+    path = os.path.join(directory, name)
+    if kind == "fifo":
+        os.mkfifo(path)
+    elif kind == "sized":
+        with open(path, "wb") as file:
+            file.truncate(int(argument))
+    elif kind in ("file", "unreadable"):
+        with open(path, "wb") as file:
+            file.write(escaped_bytes(argument))
+        if kind == "unreadable":
+            os.chmod(path, 0)
+            try:
+                open(path, "rb").close()
+            except PermissionError:
+                return
+            raise Skip(f"this process may read any file (it runs as root or with CAP_DAC_OVERRIDE), "
+                       f"so {name} cannot be made unreadable")
+    else:
+        raise ValueError(f"cannot make a file of the kind {kind!r}")
+
+
+def standard_input(case):
+    """What subprocess.run takes: (stdin, input)."""
+    if case["stdin_file"]:
+        return open(case["stdin_file"], "rb"), None
+    if case["stdin_piped"]:
+        with open(case["stdin_piped"], "rb") as file:
+            return None, file.read()
+    return None, "".join(case["stdin"]).encode()
 
 
 def differences(name, expected, actual):
@@ -95,17 +158,44 @@ def main():
     arguments = options.parse_args()
 
     programs = dict(program.split("=", 1) for program in arguments.program)
-    case = read_case(arguments.case)
-    directory = os.path.realpath(arguments.directory)
-    case["sections"] = {name: text.replace("@CWD@", directory) for name, text in case["sections"].items()}
-    command = [programs.get(case["command"][0], case["command"][0])] + case["command"][1:]
+    with tempfile.TemporaryDirectory(prefix="qxqr-case-") as scratch:
+        try:
+            return run_case(read_case(arguments.case), os.path.realpath(arguments.directory), scratch, programs)
+        except Skip as reason:
+            print(f"skipped: {reason}")
+            return SKIPPED
+        finally:
+            # A file made unreadable must not keep its directory from going.
+            for path, _, files in os.walk(scratch):
+                for name in files:
+                    os.chmod(os.path.join(path, name), 0o600)
+
+
+def with_places(text, directory, scratch):
+    return text.replace("@CWD@", directory).replace("@TMP@", scratch)
+
+
+def run_case(case, directory, scratch, programs):
+    for made in case["files"]:
+        make_file(scratch, *made)
+    case["sections"] = {name: with_places(text, directory, scratch) for name, text in case["sections"].items()}
+    command = [with_places(word, directory, scratch) for word in case["command"]]
+    command[0] = programs.get(command[0], command[0])
+    for source in ("stdin_file", "stdin_piped"):
+        if case[source]:
+            case[source] = os.path.join(directory, with_places(case[source], directory, scratch))
+    stdin, input_bytes = standard_input(case)
     stdout = open(case["stdout_to"], "wb") if case["stdout_to"] else subprocess.PIPE
     try:
-        run = subprocess.run(command, cwd=directory, input="".join(case["stdin"]).encode(),
-                             stdout=stdout, stderr=subprocess.PIPE)
+        run = subprocess.run(command, cwd=directory, stdin=stdin, input=input_bytes,
+                             stdout=stdout, stderr=subprocess.PIPE, timeout=TIME_LIMIT)
+    except subprocess.TimeoutExpired:
+        print(f"no answer after {TIME_LIMIT} seconds: the command waits for something", file=sys.stderr)
+        return 1
     finally:
-        if case["stdout_to"]:
-            stdout.close()
+        for stream in (stdout, stdin):
+            if stream not in (None, subprocess.PIPE):
+                stream.close()
 
     failures = []
     if run.returncode != case["status"]:

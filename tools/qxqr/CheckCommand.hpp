@@ -11,6 +11,7 @@ class CheckCommand : public Command {
 public:
     explicit CheckCommand(CLI::App& qxqr);
     CLI::App& app() override { return *command; }
+    std::vector<std::string> scriptOperands() const override { return scripts; }
     Result run(const std::vector<std::string>& operands) override;
 
 private:

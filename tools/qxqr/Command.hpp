@@ -39,6 +39,8 @@ class Command {
 public:
     virtual ~Command() = default;
     virtual CLI::App& app() = 0;
+    // The SCRIPT operands, as given.
+    virtual std::vector<std::string> scriptOperands() const = 0;
     // What the words after "--" are called in the usage ("FILE"), or null
     // for a command that takes no "--".
     virtual const char* operandName() const { return nullptr; }

@@ -13,6 +13,7 @@ class QueryCommand : public Command {
 public:
     explicit QueryCommand(CLI::App& qxqr);
     CLI::App& app() override { return *command; }
+    std::vector<std::string> scriptOperands() const override { return scripts; }
     const char* operandName() const override { return "FILE"; }
     Result run(const std::vector<std::string>& files) override;
 

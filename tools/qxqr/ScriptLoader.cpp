@@ -1,41 +1,36 @@
 #include "ScriptLoader.hpp"
 
 #include "Command.hpp"
+#include "ScriptFile.hpp"
 
 #include <qxqrscript/FileReader.hpp>
 
 #include <CLI/CLI.hpp>
 
-#include <cerrno>
-#include <cstring>
 #include <sstream>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace qxqr {
 
 namespace {
 
-Failure cannotRead(const std::string& script, int error)
+// Parses `text` under `name`: into a new rule set if there is none yet,
+// else appended to it.
+void parseText(QuorelScript::Parser& parser, std::unique_ptr<QuorelScript::Rules>& rules, const std::string& name,
+               const std::string& text)
 {
-    return Failure("qxqr: cannot read '" + script + "': " + std::strerror(error) + "\n");
+    parser.setScriptName(name.c_str());
+    if (rules)
+        parser.parse(rules.get(), text.c_str());
+    else
+        rules.reset(parser.parse(text.c_str()));
 }
 
-// The library reports an unreadable script exactly as it reports a syntax
-// error (a null rule set, and no message at all), so the tool finds out for
-// itself beforehand, while errno can still say why.
-void requireReadable(const std::string& script)
+void readFile(QuorelScript::FileReader& reader, std::unique_ptr<QuorelScript::Rules>& rules, const std::string& file)
 {
-    int descriptor = ::open(script.c_str(), O_RDONLY);
-    if (descriptor < 0)
-        throw cannotRead(script, errno);
-    struct stat status;
-    bool isDirectory = ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
-    ::close(descriptor);
-    if (isDirectory)
-        throw cannotRead(script, EISDIR);
+    if (rules)
+        reader.read(rules.get(), file.c_str());
+    else
+        rules.reset(reader.read(file.c_str()));
 }
 
 } // namespace
@@ -50,16 +45,16 @@ std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& s
 
     std::unique_ptr<QuorelScript::Rules> rules;
     for (const std::string& script : scripts) {
-        requireReadable(script);
-        if (rules)
-            reader.read(rules.get(), script.c_str());
+        const ScriptFile file(script);
+        if (file.readHere())
+            parseText(reader.getParser(), rules, file.scriptName(), file.readWhole());
         else
-            rules.reset(reader.read(script.c_str()));
+            readFile(reader, rules, script);
         if (!syntaxErrors.str().empty())
             throw Failure(syntaxErrors.str());
         if (!rules) {  // readable a moment ago, but not when the library read it
-            requireReadable(script);
-            throw Failure("qxqr: cannot read '" + script + "'\n");
+            const ScriptFile again(script);  // throws with the reason, if it has one now
+            ScriptFile::refuse(script, "It changed while it was read");
         }
     }
     return rules;

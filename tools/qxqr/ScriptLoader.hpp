@@ -14,10 +14,12 @@ class App;
 namespace qxqr {
 
 // Parses the scripts, in order, into one rule set: the first becomes the
-// rule set, each further one is appended to it. Throws Failure with
-// "qxqr: cannot read 'X': <reason>" for a script that cannot be read, and
-// with the library's own report for a syntax error. With `verbose` the
-// library traces on standard output how it understood each line.
+// rule set, each further one is appended to it. A script "-" is standard
+// input, named "<standard input>" in syntax errors and rule texts. Throws
+// Failure with "qxqr: cannot read 'X': <reason>" for a script that cannot
+// be read, and with the library's own report for a syntax error. With
+// `verbose` the library traces on standard output how it understood each
+// line.
 std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& scripts, bool verbose = false);
 
 // The SCRIPT... operands of a command that reads scripts into one rule set.

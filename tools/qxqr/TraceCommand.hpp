@@ -11,6 +11,7 @@ class TraceCommand : public Command {
 public:
     explicit TraceCommand(CLI::App& qxqr);
     CLI::App& app() override { return *command; }
+    std::vector<std::string> scriptOperands() const override { return {script}; }
     Result run(const std::vector<std::string>& operands) override;
 
 private:

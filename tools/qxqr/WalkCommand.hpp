@@ -13,6 +13,7 @@ class WalkCommand : public Command {
 public:
     explicit WalkCommand(CLI::App& qxqr);
     CLI::App& app() override { return *command; }
+    std::vector<std::string> scriptOperands() const override { return scripts; }
     const char* operandName() const override { return "START"; }
     Result run(const std::vector<std::string>& starts) override;
 

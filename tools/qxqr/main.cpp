@@ -12,6 +12,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <iostream>
@@ -40,10 +41,25 @@ std::string usageMessage(const CLI::App& qxqr, const std::string& problem)
     return "qxqr: " + problem + "\nRun '" + commandPath(qxqr) + " --help' for more information.\n";
 }
 
+// Standard input is read once: it can give one script, or the list of
+// files, but not two of these.
+void requireStandardInputOnce(Command& command, const Arguments& arguments)
+{
+    const std::vector<std::string> scripts = command.scriptOperands();
+    const auto scriptsFromIt = std::count(scripts.begin(), scripts.end(), "-");
+    if (scriptsFromIt > 1)
+        throw UsageError(command.app().get_name() + ": '-' can be given as a SCRIPT only once");
+    const char* operandName = command.operandName();
+    const bool operandsFromIt = std::count(arguments.operands.begin(), arguments.operands.end(), "-") > 0;
+    if (scriptsFromIt > 0 && operandName && operandsFromIt)
+        throw UsageError(command.app().get_name() + ": '-' can be a SCRIPT or a " + operandName + ", not both");
+}
+
 // A command line that the argument parser accepted can still lack the
 // words after "--", or have them where the command takes none.
 Result runCommand(Command& command, const Arguments& arguments)
 {
+    requireStandardInputOnce(command, arguments);
     const char* operandName = command.operandName();
     if (!operandName) {
         if (arguments.separated)

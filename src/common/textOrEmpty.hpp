@@ -1,0 +1,14 @@
+#ifndef QXQRSCRIPT_COMMON_TEXTOREMPTY_HPP
+#define QXQRSCRIPT_COMMON_TEXTOREMPTY_HPP
+
+namespace QuorelScript {
+
+// Every public function that takes a text takes a null pointer as the empty
+// text, so that a host's missing value never crashes the library.
+inline const char* textOrEmpty(const char* text) {
+    return text != nullptr ? text : "";
+}
+
+} // namespace QuorelScript
+
+#endif
