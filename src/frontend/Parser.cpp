@@ -1,6 +1,6 @@
 #include <qxqrscript/Parser.hpp>
 
-#include "common/textOrEmpty.hpp"
+#include "host/textOrEmpty.hpp"
 #include "frontend/SyntaxErrorReport.hpp"
 #include "grammar/ParserImpl.hpp"
 #include "rules/ParsedRules.hpp"

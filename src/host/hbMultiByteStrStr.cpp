@@ -1,6 +1,6 @@
 #include <qxqrscript/host.hpp>
 
-#include "common/textOrEmpty.hpp"
+#include "host/textOrEmpty.hpp"
 
 #include <cstdlib>
 #include <cstring>

@@ -1,6 +1,6 @@
 #include "rules/ParsedRules.hpp"
 
-#include "common/textOrEmpty.hpp"
+#include "host/textOrEmpty.hpp"
 #include "expr/Bindings.hpp"
 #include "expr/Path.hpp"
 #include "rules/QueryPlan.hpp"
