@@ -2,6 +2,7 @@
 
 #include "IncludeList.hpp"
 #include "MatchText.hpp"
+#include "QuotedName.hpp"
 #include "ScriptLoader.hpp"
 
 #include <CLI/CLI.hpp>
@@ -44,14 +45,14 @@ std::string verdict(const Answer& answer)
 
 std::string asText(const Answer& answer, bool explain)
 {
-    std::string text = answer.file + ": " + verdict(answer) + "\n";
+    std::string text = quotedName(answer.file) + ": " + verdict(answer) + "\n";
     if (explain) {
         for (const std::optional<std::string>& rule : {answer.excludedBy, answer.prunedBy})
             if (rule)
                 text += MatchText(*rule).indented("    ");
     }
     for (const std::string& included : answer.includes)
-        text += "    includes " + included + "\n";
+        text += "    includes " + quotedName(included) + "\n";
     return text;
 }
 

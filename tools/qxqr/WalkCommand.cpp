@@ -2,6 +2,7 @@
 
 #include "MatchText.hpp"
 #include "Progress.hpp"
+#include "QuotedName.hpp"
 #include "ScriptLoader.hpp"
 #include "Walk.hpp"
 
@@ -15,9 +16,9 @@ namespace {
 
 std::string asText(const Visit& visit, bool explain)
 {
-    std::string text = visit.file + ": " + nameOf(visit.fate);
+    std::string text = quotedName(visit.file) + ": " + nameOf(visit.fate);
     if (visit.caller)
-        text += " (included by " + *visit.caller + ")";
+        text += " (included by " + quotedName(*visit.caller) + ")";
     text += "\n";
     if (explain && visit.rule)
         text += MatchText(*visit.rule).indented("    ");
