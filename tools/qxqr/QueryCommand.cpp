@@ -1,6 +1,7 @@
 #include "QueryCommand.hpp"
 
 #include "IncludeList.hpp"
+#include "JsonName.hpp"
 #include "MatchText.hpp"
 #include "QuotedName.hpp"
 #include "ScriptLoader.hpp"
@@ -58,12 +59,13 @@ std::string asText(const Answer& answer, bool explain)
 
 nlohmann::json asJson(const Answer& answer)
 {
-    return {{"file", answer.file},
-            {"excluded", answer.excludedBy.has_value()},
-            {"excluded_by", MatchText::toJson(answer.excludedBy)},
-            {"pruned", answer.prunedBy.has_value()},
-            {"pruned_by", MatchText::toJson(answer.prunedBy)},
-            {"includes", answer.includes}};
+    nlohmann::json item = {{"excluded", answer.excludedBy.has_value()},
+                           {"excluded_by", MatchText::toJson(answer.excludedBy)},
+                           {"pruned", answer.prunedBy.has_value()},
+                           {"pruned_by", MatchText::toJson(answer.prunedBy)}};
+    putName(item, "file", answer.file);
+    putNames(item, "includes", answer.includes);
+    return item;
 }
 
 } // namespace

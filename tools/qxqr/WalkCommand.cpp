@@ -1,5 +1,6 @@
 #include "WalkCommand.hpp"
 
+#include "JsonName.hpp"
 #include "MatchText.hpp"
 #include "Progress.hpp"
 #include "QuotedName.hpp"
@@ -27,11 +28,12 @@ std::string asText(const Visit& visit, bool explain)
 
 nlohmann::json asJson(const Visit& visit)
 {
-    return {{"file", visit.file},
-            {"caller", visit.caller ? nlohmann::json(*visit.caller) : nlohmann::json(nullptr)},
-            {"fate", nameOf(visit.fate)},
-            {"rule", MatchText::toJson(visit.rule)},
-            {"includes", visit.includes}};
+    nlohmann::json item = {{"caller", nullptr}, {"fate", nameOf(visit.fate)}, {"rule", MatchText::toJson(visit.rule)}};
+    putName(item, "file", visit.file);
+    if (visit.caller)
+        putName(item, "caller", *visit.caller);
+    putNames(item, "includes", visit.includes);
+    return item;
 }
 
 std::map<Fate, std::size_t> countFates(const std::vector<Visit>& visits)
