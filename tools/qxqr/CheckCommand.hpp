@@ -4,6 +4,9 @@
 #include "Command.hpp"
 #include "OutputFormat.hpp"
 
+#include <string>
+#include <vector>
+
 namespace qxqr {
 
 // qxqr check SCRIPT...: parses the scripts into one rule set and prints it.
@@ -11,7 +14,7 @@ class CheckCommand : public Command {
 public:
     explicit CheckCommand(CLI::App& qxqr);
     CLI::App& app() override { return *command; }
-    Result run(const std::vector<std::string>& operands) override;
+    Result run(OperandReader& operands) override;
 
 private:
     CLI::App* command;

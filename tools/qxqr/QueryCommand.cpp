@@ -3,8 +3,11 @@
 #include "IncludeList.hpp"
 #include "JsonName.hpp"
 #include "MatchText.hpp"
+#include "OperandReader.hpp"
 #include "QuotedName.hpp"
 #include "ScriptLoader.hpp"
+#include "StandardOutput.hpp"
+#include "StreamedJsonDocument.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -82,24 +85,26 @@ QueryCommand::QueryCommand(CLI::App& qxqr)
                     "A FILE of '-' reads file names from standard input, one a line.");
 }
 
-Result QueryCommand::run(const std::vector<std::string>& files)
+Result QueryCommand::run(OperandReader& files)
 {
     std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
     configuration.apply(*rules);
     const char* callerOrNull = command->count("--caller") ? caller.c_str() : nullptr;
 
-    Result result;
-    nlohmann::json answers = nlohmann::json::array();
-    for (const std::string& file : files) {
-        Answer answer = ask(*rules, file, callerOrNull);
-        if (format.isJson())
-            answers.push_back(asJson(answer));
-        else
-            result.out += asText(answer, explain);
-    }
+    std::optional<StreamedJsonDocument> document;
     if (format.isJson())
-        result.out = jsonDocument({{"files", answers}});
-    return result;
+        document.emplace("files");
+    std::string file;
+    while (files.next(file)) {
+        Answer answer = ask(*rules, file, callerOrNull);
+        if (document)
+            document->append(asJson(answer));
+        else
+            writeStandardOutput(asText(answer, explain));
+    }
+    if (document)
+        document->finish(nlohmann::json::object());
+    return {};
 }
 
 } // namespace qxqr

@@ -11,7 +11,7 @@ class TraceCommand : public Command {
 public:
     explicit TraceCommand(CLI::App& qxqr);
     CLI::App& app() override { return *command; }
-    Result run(const std::vector<std::string>& operands) override;
+    Result run(OperandReader& operands) override;
 
 private:
     CLI::App* command;

@@ -3,12 +3,14 @@
 
 #include <qxqrscript/Rules.hpp>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace qxqr {
 
+class OperandReader;
 class Progress;
 
 enum class Fate { kept, excluded, pruned };
@@ -24,12 +26,17 @@ struct Visit {
     std::vector<std::string> includes;     // what its include rules added (kept files only)
 };
 
+using VisitReport = std::function<void(const Visit&)>;
+
 // What a dependency-analysis host does with a rule set, on any tree: from
 // the start files, every file met is tested with isExcluded (and skipped if
 // excluded), then isPruned (its includes are not followed if pruned), and
 // otherwise its includes are queued, with the file as their caller. Each
-// file is visited once, in the order it is first met.
-std::vector<Visit> walk(QuorelScript::Rules& rules, const std::vector<std::string>& starts, Progress& progress);
+// file is visited once, in the order it is first met, and reported as soon
+// as it is visited, before its includes are met. A visit is forgotten once
+// reported: the walk holds only the set of files met and the queue of
+// those waiting, never the answer.
+void walk(QuorelScript::Rules& rules, OperandReader& starts, const VisitReport& report, Progress& progress);
 
 } // namespace qxqr
 

@@ -2,14 +2,18 @@
 
 #include "JsonName.hpp"
 #include "MatchText.hpp"
+#include "OperandReader.hpp"
 #include "Progress.hpp"
 #include "QuotedName.hpp"
 #include "ScriptLoader.hpp"
+#include "StandardOutput.hpp"
+#include "StreamedJsonDocument.hpp"
 #include "Walk.hpp"
 
 #include <CLI/CLI.hpp>
 
 #include <map>
+#include <optional>
 
 namespace qxqr {
 
@@ -34,14 +38,6 @@ nlohmann::json asJson(const Visit& visit)
         putName(item, "caller", *visit.caller);
     putNames(item, "includes", visit.includes);
     return item;
-}
-
-std::map<Fate, std::size_t> countFates(const std::vector<Visit>& visits)
-{
-    std::map<Fate, std::size_t> counts = {{Fate::kept, 0}, {Fate::excluded, 0}, {Fate::pruned, 0}};
-    for (const Visit& visit : visits)
-        ++counts[visit.fate];
-    return counts;
 }
 
 std::string summaryText(std::map<Fate, std::size_t> counts)
@@ -72,29 +68,31 @@ WalkCommand::WalkCommand(CLI::App& qxqr)
                     "A START of '-' reads file names from standard input, one a line.");
 }
 
-Result WalkCommand::run(const std::vector<std::string>& starts)
+Result WalkCommand::run(OperandReader& starts)
 {
     std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
     configuration.apply(*rules);
-    std::vector<Visit> visits;
+
+    std::optional<StreamedJsonDocument> document;
+    if (format.isJson())
+        document.emplace("files");
+    std::map<Fate, std::size_t> counts = {{Fate::kept, 0}, {Fate::excluded, 0}, {Fate::pruned, 0}};
+    auto report = [&](const Visit& visit) {
+        ++counts[visit.fate];
+        if (document)
+            document->append(asJson(visit));
+        else
+            writeStandardOutput(asText(visit, explain));
+    };
     {
         Progress progress(!noProgress);
-        visits = walk(*rules, starts, progress);
+        walk(*rules, starts, report, progress);
     }
-    std::map<Fate, std::size_t> counts = countFates(visits);
-
-    Result result;
-    if (format.isJson()) {
-        nlohmann::json files = nlohmann::json::array();
-        for (const Visit& visit : visits)
-            files.push_back(asJson(visit));
-        result.out = jsonDocument({{"files", files}, {"summary", summaryJson(counts)}});
-    } else {
-        for (const Visit& visit : visits)
-            result.out += asText(visit, explain);
-        result.out += summaryText(counts);
-    }
-    return result;
+    if (document)
+        document->finish({{"summary", summaryJson(counts)}});
+    else
+        writeStandardOutput(summaryText(counts));
+    return {};
 }
 
 } // namespace qxqr

@@ -5,6 +5,9 @@
 #include "Configuration.hpp"
 #include "OutputFormat.hpp"
 
+#include <string>
+#include <vector>
+
 namespace qxqr {
 
 // qxqr walk SCRIPT... -- START...: follows the include rules from the start
@@ -14,7 +17,7 @@ public:
     explicit WalkCommand(CLI::App& qxqr);
     CLI::App& app() override { return *command; }
     const char* operandName() const override { return "START"; }
-    Result run(const std::vector<std::string>& starts) override;
+    Result run(OperandReader& starts) override;
 
 private:
     CLI::App* command;
