@@ -6,6 +6,7 @@
 
 #include <deque>
 #include <unordered_set>
+#include <utility>
 
 namespace qxqr {
 
@@ -20,6 +21,12 @@ const char* nameOf(Fate fate)
         break;
     }
     return "kept";
+}
+
+WalkStopped::WalkStopped(Limit limit, std::string file, std::optional<std::string> caller, std::size_t reached)
+    : std::runtime_error("walk stopped at a limit"), limit(limit), file(std::move(file)), caller(std::move(caller)),
+      reached(reached)
+{
 }
 
 namespace {
@@ -44,9 +51,9 @@ Visit visit(QuorelScript::Rules& rules, const std::string& file, const std::stri
 
 class Walker {
 public:
-    explicit Walker(QuorelScript::Rules& rules) : rules(rules) {}
+    Walker(QuorelScript::Rules& rules, const WalkLimits& limits) : rules(rules), limits(limits) {}
 
-    void meetStart(const std::string& file) { meet(file, nullptr); }
+    void meetStart(const std::string& file) { meet(file, nullptr, 0); }
 
     // Visits the first file waiting and meets its includes; false when no
     // file is waiting.
@@ -58,9 +65,9 @@ public:
         waiting.pop_front();
         Visit done = visit(rules, *next.file, next.caller);
         report(done);
-        for (const std::string& included : done.includes)
-            meet(included, next.file);
         ++visited;
+        for (const std::string& included : done.includes)
+            meet(included, next.file, next.depth + 1);
         return true;
     }
 
@@ -73,16 +80,30 @@ private:
     struct Pending {
         const std::string* file;
         const std::string* caller;  // null for a start file
+        std::size_t depth;
     };
 
-    void meet(const std::string& file, const std::string* caller)
+    // A file met again is already visited or waiting, and at no greater
+    // depth, since files are visited in the order they are met.
+    void meet(const std::string& file, const std::string* caller, std::size_t depth)
     {
-        auto [element, isNew] = met.insert(file);
-        if (isNew)
-            waiting.push_back({&*element, caller});
+        if (met.count(file))
+            return;
+        if (depth > limits.maxDepth)
+            throw stopped(WalkStopped::Limit::depth, file, caller, depth);
+        if (met.size() >= limits.maxFiles)
+            throw stopped(WalkStopped::Limit::files, file, caller, met.size() + 1);
+        waiting.push_back({&*met.insert(file).first, caller, depth});
+    }
+
+    static WalkStopped stopped(WalkStopped::Limit limit, const std::string& file, const std::string* caller,
+                               std::size_t reached)
+    {
+        return WalkStopped(limit, file, caller ? std::optional<std::string>(*caller) : std::nullopt, reached);
     }
 
     QuorelScript::Rules& rules;
+    const WalkLimits& limits;
     std::unordered_set<std::string> met;
     std::deque<Pending> waiting;
     std::size_t visited = 0;
@@ -90,9 +111,10 @@ private:
 
 } // namespace
 
-void walk(QuorelScript::Rules& rules, OperandReader& starts, const VisitReport& report, Progress& progress)
+void walk(QuorelScript::Rules& rules, OperandReader& starts, const WalkLimits& limits, const VisitReport& report,
+          Progress& progress)
 {
-    Walker walker(rules);
+    Walker walker(rules, limits);
     std::string start;
     while (starts.next(start))
         walker.meetStart(start);

@@ -4,6 +4,7 @@
 #include "Command.hpp"
 #include "Configuration.hpp"
 #include "OutputFormat.hpp"
+#include "Walk.hpp"
 
 #include <string>
 #include <vector>
@@ -25,6 +26,7 @@ private:
     Configuration configuration;
     bool explain = false;
     bool noProgress = false;
+    WalkLimits limits;
     OutputFormat format;
 };
 
