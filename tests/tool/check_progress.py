@@ -4,7 +4,8 @@
 A walk over a directory of many files is run with its standard error on a
 pseudo-terminal: the progress line must appear there and be erased at the
 end, while standard output carries the walk alone. With --no-progress the
-terminal must stay empty.
+terminal must stay empty, and with standard output on the terminal too the
+streaming answer is the only progress shown.
 """
 
 import argparse
@@ -33,19 +34,21 @@ def make_tree(root):
         "include [$cwd/many] if $name == start\n")
 
 
-def walk_on_terminal(qxqr, root, options):
+def walk_on_terminal(qxqr, root, options, answer_on_terminal=False):
     """Runs the walk with standard error on a terminal; returns (stdout, terminal text)."""
     controller, terminal = pty.openpty()
-    # Standard output goes to a file, so that the walk never waits for a
-    # reader while this process reads the terminal.
+    # Unless it is wanted there, standard output goes to a file, so that
+    # the walk never waits for a reader while this process reads the
+    # terminal.
     output_file = tempfile.TemporaryFile()
     process = subprocess.Popen([qxqr, "walk"] + options + ["--cwd", root, "walk.rules", "--", "start"],
-                               cwd=root, stdout=output_file, stderr=terminal, stdin=subprocess.DEVNULL)
+                               cwd=root, stdout=terminal if answer_on_terminal else output_file,
+                               stderr=terminal, stdin=subprocess.DEVNULL)
     os.close(terminal)
     shown = b""
     while True:
         try:
-            chunk = os.read(controller, 4096)
+            chunk = os.read(controller, 65536)
         except OSError:  # the terminal closes when the walk ends
             break
         if not chunk:
@@ -78,7 +81,12 @@ def main():
             sys.exit(f"the walk's summary is missing: {output[-200:]!r}")
         if "files walked" not in shown or not shown.endswith(ERASE_LINE):
             sys.exit(f"the progress line should show and then be erased, the terminal shows {shown[-200:]!r}")
-    print("progress shows on a terminal and is erased at the end")
+
+        _, shown = walk_on_terminal(qxqr, root, [], answer_on_terminal=True)
+        # The terminal turns each line end into a carriage return and a line end.
+        if not shown.endswith(summary.replace("\n", "\r\n")) or "files walked" in shown:
+            sys.exit(f"with the answer on the terminal no progress line should show: {shown[-200:]!r}")
+    print("progress shows on a terminal, unless the answer goes there too, and is erased at the end")
 
 
 if __name__ == "__main__":

@@ -14,7 +14,8 @@ A case file holds, in this order:
     --- stderr
     the exact standard error, line by line
 
-"$" gives the command line, split as a POSIX shell would; its first word
+"$" gives the command line, split as a POSIX shell would, $'...' included,
+so that a word can hold any byte ($'a\nb', $'caf\351'); its first word
 names a program given with --program NAME=PATH. ">" sends standard output
 to the file named instead of reading it back. "?" gives the exit status.
 
@@ -40,7 +41,6 @@ import difflib
 import json
 import os
 import re
-import shlex
 import subprocess
 import sys
 import tempfile
@@ -48,6 +48,82 @@ import tempfile
 
 SKIPPED = 77
 TIME_LIMIT = 60
+
+# The escapes of $'...' other than octal and hexadecimal numbers.
+DOLLAR_QUOTE_ESCAPES = {"a": b"\a", "b": b"\b", "e": b"\x1b", "f": b"\f", "n": b"\n", "r": b"\r",
+                        "t": b"\t", "v": b"\v", "\\": b"\\", "'": b"'", '"': b'"'}
+
+
+def dollar_quoted(line, start):
+    """The bytes of the $'...' whose text begins at `start`, and the index after its closing quote."""
+    text = b""
+    position = start
+    while line[position] != "'":
+        if line[position] != "\\":
+            text += line[position].encode()
+            position += 1
+            continue
+        escape = line[position + 1]
+        if escape in DOLLAR_QUOTE_ESCAPES:
+            text += DOLLAR_QUOTE_ESCAPES[escape]
+            position += 2
+        elif escape == "x":
+            digits = re.match(r"[0-9A-Fa-f]{1,2}", line[position + 2:]).group()
+            text += bytes([int(digits, 16)])
+            position += 2 + len(digits)
+        else:
+            digits = re.match(r"[0-7]{1,3}", line[position + 1:]).group()
+            text += bytes([int(digits, 8) & 0xFF])
+            position += 1 + len(digits)
+    return text, position + 1
+
+
+def double_quoted(line, start):
+    """The text of the "..." whose text begins at `start`, and the index after its closing quote."""
+    text = ""
+    position = start
+    while line[position] != '"':
+        if line[position] == "\\" and line[position + 1] in '"\\$`':
+            position += 1
+        text += line[position]
+        position += 1
+    return text.encode(), position + 1
+
+
+def split_words(line):
+    """Splits a command line into words as a POSIX shell does: blanks part words, single quotes
+    quote everything, double quotes everything but an escaped quote, backslash, dollar or
+    backquote, a backslash quotes the next character, and $'...' gives any bytes through its
+    backslash escapes."""
+    words = []
+    word = None
+    position = 0
+    while position < len(line):
+        character = line[position]
+        if character in " \t\n":
+            if word is not None:
+                words.append(word)
+            word = None
+            position += 1
+            continue
+        word = word or b""
+        if line.startswith("$'", position):
+            text, position = dollar_quoted(line, position + 2)
+        elif character == "'":
+            end = line.index("'", position + 1)
+            text, position = line[position + 1:end].encode(), end + 1
+        elif character == '"':
+            text, position = double_quoted(line, position + 1)
+        elif character == "\\":
+            text, position = line[position + 1].encode(), position + 2
+        else:
+            text, position = character.encode(), position + 1
+        word += text
+    if word is not None:
+        words.append(word)
+    # Bytes that are not UTF-8 survive as surrogate escapes, which the
+    # subprocess module turns back into the bytes themselves.
+    return [word.decode("utf-8", "surrogateescape") for word in words]
 
 
 def read_case(path):
@@ -62,7 +138,7 @@ def read_case(path):
             elif section is not None:
                 case["sections"][section] += line
             elif line.startswith("$ "):
-                case["command"] = shlex.split(line[2:])
+                case["command"] = split_words(line[2:])
             elif line.startswith("+ "):
                 case["files"].append(line[2:].rstrip("\n").split(" ", 2))
             elif line.startswith("<< "):

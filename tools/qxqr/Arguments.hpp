@@ -1,7 +1,6 @@
 #ifndef QXQR_ARGUMENTS_HPP
 #define QXQR_ARGUMENTS_HPP
 
-#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -18,11 +17,6 @@ struct Arguments {
 };
 
 Arguments splitAtSeparator(int argc, const char* const* argv);
-
-// The operands with every "-" replaced by the paths read from `in`, one a
-// line; empty lines are skipped and a carriage return before a line end is
-// dropped, so that a list written on any system can be piped in.
-std::vector<std::string> expandStandardInput(const std::vector<std::string>& operands, std::istream& in);
 
 } // namespace qxqr
 

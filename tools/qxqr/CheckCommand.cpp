@@ -17,7 +17,7 @@ CheckCommand::CheckCommand(CLI::App& qxqr)
     format.addOption(*command);
 }
 
-Result CheckCommand::run(const std::vector<std::string>&)
+Result CheckCommand::run(OperandReader&)
 {
     std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
     Result result;

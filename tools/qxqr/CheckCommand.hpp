@@ -4,6 +4,9 @@
 #include "Command.hpp"
 #include "OutputFormat.hpp"
 
+#include <string>
+#include <vector>
+
 namespace qxqr {
 
 // qxqr check SCRIPT...: parses the scripts into one rule set and prints it.
@@ -12,7 +15,7 @@ public:
     explicit CheckCommand(CLI::App& qxqr);
     CLI::App& app() override { return *command; }
     std::vector<std::string> scriptOperands() const override { return scripts; }
-    Result run(const std::vector<std::string>& operands) override;
+    Result run(OperandReader& operands) override;
 
 private:
     CLI::App* command;

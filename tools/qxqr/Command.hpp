@@ -11,8 +11,16 @@ class App;
 
 namespace qxqr {
 
-// Everything a command has to say, collected before any of it is written, so
-// that a command either prints its whole answer or only an error.
+class OperandReader;
+
+// What a command has to say, written when it ends. A command whose answer
+// is bounded by its scripts (check, trace) builds the whole of it here
+// before any of it is written, so that it prints either its whole answer
+// or only an error. A command whose answer grows with the files it is given
+// or meets, without bound (query, walk), streams it instead, file by file,
+// as soon as each part is known (writeStandardOutput,
+// StreamedJsonDocument), and holds only one file's part at a time; its
+// Result carries what comes after the answer: a message and the status.
 struct Result {
     std::string out;
     std::string err;
@@ -44,9 +52,9 @@ public:
     // What the words after "--" are called in the usage ("FILE"), or null
     // for a command that takes no "--".
     virtual const char* operandName() const { return nullptr; }
-    // `operands` are the words after "--", with "-" already replaced by the
-    // lines of standard input.
-    virtual Result run(const std::vector<std::string>& operands) = 0;
+    // `operands` gives the words after "--", a "-" among them standing for
+    // the lines of standard input, read only as they are asked for.
+    virtual Result run(OperandReader& operands) = 0;
 };
 
 } // namespace qxqr

@@ -11,9 +11,14 @@ void OutputFormat::addOption(CLI::App& command)
         ->check(CLI::IsMember({"text", "json"}));
 }
 
+std::string jsonText(const nlohmann::json& value)
+{
+    return value.dump(2, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
 std::string jsonDocument(const nlohmann::json& document)
 {
-    return document.dump(2) + "\n";
+    return jsonText(document) + "\n";
 }
 
 } // namespace qxqr

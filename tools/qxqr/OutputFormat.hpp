@@ -22,8 +22,14 @@ private:
     std::string name = "text";
 };
 
-// The document as the tool writes it: indented by two spaces, keys in
-// alphabetical order, ended by a line end.
+// A value as the tool writes JSON: indented by two spaces, keys in
+// alphabetical order, control characters escaped. Strings are bytes that
+// need not be UTF-8 (file names, rule texts), and JSON must be: each
+// invalid sequence is replaced by U+FFFD, as the Unicode standard
+// recommends, so that any byte still gives a valid document.
+std::string jsonText(const nlohmann::json& value);
+
+// A whole document: jsonText ended by a line end.
 std::string jsonDocument(const nlohmann::json& document);
 
 } // namespace qxqr

@@ -13,7 +13,8 @@ const std::chrono::milliseconds refreshInterval(100);
 
 } // namespace
 
-Progress::Progress(bool wanted) : enabled(wanted && ::isatty(STDERR_FILENO)), started(Clock::now())
+Progress::Progress(bool wanted)
+    : enabled(wanted && ::isatty(STDERR_FILENO) && !::isatty(STDOUT_FILENO)), started(Clock::now())
 {
 }
 

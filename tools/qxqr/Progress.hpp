@@ -7,12 +7,15 @@
 namespace qxqr {
 
 // A one-line count of a long walk on standard error, shown only to a person
-// watching a terminal: it appears once the walk has taken half a second,
-// is refreshed at most ten times a second, and is erased when the walk ends,
-// so it never mixes with the answer.
+// watching a terminal while the answer goes elsewhere (to a file or a pipe;
+// on the terminal, the answer streaming past shows the progress itself, and
+// the count would mix with it): it appears once the walk has taken half a
+// second, is refreshed at most ten times a second, and is erased when the
+// walk ends.
 class Progress {
 public:
-    // Shown only if `wanted` and standard error is a terminal.
+    // Shown only if `wanted`, standard error is a terminal and standard
+    // output is not.
     explicit Progress(bool wanted);
     ~Progress();
     Progress(const Progress&) = delete;

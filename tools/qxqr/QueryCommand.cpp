@@ -1,8 +1,13 @@
 #include "QueryCommand.hpp"
 
 #include "IncludeList.hpp"
+#include "JsonName.hpp"
 #include "MatchText.hpp"
+#include "OperandReader.hpp"
+#include "QuotedName.hpp"
 #include "ScriptLoader.hpp"
+#include "StandardOutput.hpp"
+#include "StreamedJsonDocument.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -44,25 +49,26 @@ std::string verdict(const Answer& answer)
 
 std::string asText(const Answer& answer, bool explain)
 {
-    std::string text = answer.file + ": " + verdict(answer) + "\n";
+    std::string text = quotedName(answer.file) + ": " + verdict(answer) + "\n";
     if (explain) {
         for (const std::optional<std::string>& rule : {answer.excludedBy, answer.prunedBy})
             if (rule)
                 text += MatchText(*rule).indented("    ");
     }
     for (const std::string& included : answer.includes)
-        text += "    includes " + included + "\n";
+        text += "    includes " + quotedName(included) + "\n";
     return text;
 }
 
 nlohmann::json asJson(const Answer& answer)
 {
-    return {{"file", answer.file},
-            {"excluded", answer.excludedBy.has_value()},
-            {"excluded_by", MatchText::toJson(answer.excludedBy)},
-            {"pruned", answer.prunedBy.has_value()},
-            {"pruned_by", MatchText::toJson(answer.prunedBy)},
-            {"includes", answer.includes}};
+    nlohmann::json item = {{"excluded", answer.excludedBy.has_value()},
+                           {"excluded_by", MatchText::toJson(answer.excludedBy)},
+                           {"pruned", answer.prunedBy.has_value()},
+                           {"pruned_by", MatchText::toJson(answer.prunedBy)}};
+    putName(item, "file", answer.file);
+    putNames(item, "includes", answer.includes);
+    return item;
 }
 
 } // namespace
@@ -79,24 +85,26 @@ QueryCommand::QueryCommand(CLI::App& qxqr)
                     "A FILE of '-' reads file names from standard input, one a line.");
 }
 
-Result QueryCommand::run(const std::vector<std::string>& files)
+Result QueryCommand::run(OperandReader& files)
 {
     std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
     configuration.apply(*rules);
     const char* callerOrNull = command->count("--caller") ? caller.c_str() : nullptr;
 
-    Result result;
-    nlohmann::json answers = nlohmann::json::array();
-    for (const std::string& file : files) {
-        Answer answer = ask(*rules, file, callerOrNull);
-        if (format.isJson())
-            answers.push_back(asJson(answer));
-        else
-            result.out += asText(answer, explain);
-    }
+    std::optional<StreamedJsonDocument> document;
     if (format.isJson())
-        result.out = jsonDocument({{"files", answers}});
-    return result;
+        document.emplace("files");
+    std::string file;
+    while (files.next(file)) {
+        Answer answer = ask(*rules, file, callerOrNull);
+        if (document)
+            document->append(asJson(answer));
+        else
+            writeStandardOutput(asText(answer, explain));
+    }
+    if (document)
+        document->finish(nlohmann::json::object());
+    return {};
 }
 
 } // namespace qxqr

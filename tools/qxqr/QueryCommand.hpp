@@ -5,6 +5,9 @@
 #include "Configuration.hpp"
 #include "OutputFormat.hpp"
 
+#include <string>
+#include <vector>
+
 namespace qxqr {
 
 // qxqr query SCRIPT... -- FILE...: the three answers of the rule set for
@@ -15,7 +18,7 @@ public:
     CLI::App& app() override { return *command; }
     std::vector<std::string> scriptOperands() const override { return scripts; }
     const char* operandName() const override { return "FILE"; }
-    Result run(const std::vector<std::string>& files) override;
+    Result run(OperandReader& files) override;
 
 private:
     CLI::App* command;

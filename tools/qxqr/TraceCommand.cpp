@@ -13,7 +13,7 @@ TraceCommand::TraceCommand(CLI::App& qxqr)
     command->add_option("SCRIPT", script, "the rules script")->type_name("")->required();
 }
 
-Result TraceCommand::run(const std::vector<std::string>&)
+Result TraceCommand::run(OperandReader&)
 {
     Result result;
     StandardOutputCapture trace;

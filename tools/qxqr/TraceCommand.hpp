@@ -12,7 +12,7 @@ public:
     explicit TraceCommand(CLI::App& qxqr);
     CLI::App& app() override { return *command; }
     std::vector<std::string> scriptOperands() const override { return {script}; }
-    Result run(const std::vector<std::string>& operands) override;
+    Result run(OperandReader& operands) override;
 
 private:
     CLI::App* command;

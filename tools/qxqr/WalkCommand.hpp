@@ -4,6 +4,10 @@
 #include "Command.hpp"
 #include "Configuration.hpp"
 #include "OutputFormat.hpp"
+#include "Walk.hpp"
+
+#include <string>
+#include <vector>
 
 namespace qxqr {
 
@@ -15,7 +19,7 @@ public:
     CLI::App& app() override { return *command; }
     std::vector<std::string> scriptOperands() const override { return scripts; }
     const char* operandName() const override { return "START"; }
-    Result run(const std::vector<std::string>& starts) override;
+    Result run(OperandReader& starts) override;
 
 private:
     CLI::App* command;
@@ -23,6 +27,7 @@ private:
     Configuration configuration;
     bool explain = false;
     bool noProgress = false;
+    WalkLimits limits;
     OutputFormat format;
 };
 

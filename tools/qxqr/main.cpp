@@ -4,7 +4,9 @@
 #include "Arguments.hpp"
 #include "CheckCommand.hpp"
 #include "Command.hpp"
+#include "OperandReader.hpp"
 #include "QueryCommand.hpp"
+#include "StandardOutput.hpp"
 #include "TraceCommand.hpp"
 #include "WalkCommand.hpp"
 
@@ -13,8 +15,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <iostream>
 #include <sstream>
 
@@ -61,14 +61,12 @@ Result runCommand(Command& command, const Arguments& arguments)
 {
     requireStandardInputOnce(command, arguments);
     const char* operandName = command.operandName();
-    if (!operandName) {
-        if (arguments.separated)
-            throw UsageError(command.app().get_name() + ": '--' is not expected");
-        return command.run({});
-    }
-    if (arguments.operands.empty())
+    if (!operandName && arguments.separated)
+        throw UsageError(command.app().get_name() + ": '--' is not expected");
+    if (operandName && arguments.operands.empty())
         throw UsageError(command.app().get_name() + ": no " + operandName + " given after '--'");
-    return command.run(expandStandardInput(arguments.operands, std::cin));
+    OperandReader operands(arguments.operands, std::cin);
+    return command.run(operands);
 }
 
 Command& selectedCommand(const std::vector<Command*>& commands)
@@ -79,15 +77,17 @@ Command& selectedCommand(const std::vector<Command*>& commands)
     throw std::logic_error("no command selected");  // require_subcommand(1) rules this out
 }
 
-// An answer that cannot be written out whole (a full disk, say) ends the
-// tool with an error, never with a silent success.
+// What a command built of its answer (a streamed answer is already out),
+// then its message. An answer that cannot be written out (a full disk, say)
+// ends the tool with an error, never with a silent success; once writing
+// has failed, only the error follows.
 int write(const Result& result)
 {
-    errno = 0;
-    std::cout << result.out << std::flush;
-    if (!std::cout) {
-        std::cerr << "qxqr: cannot write standard output: " << (errno ? std::strerror(errno) : "write failed")
-                  << "\n";
+    try {
+        if (!result.out.empty())
+            writeStandardOutput(result.out);
+    } catch (const Failure& failure) {
+        std::cerr << failure.what() << std::flush;
         return 1;
     }
     std::cerr << result.err << std::flush;
