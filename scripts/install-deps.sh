@@ -2,9 +2,14 @@
 # Installs, with apt-get, whichever of the build's Debian packages are missing.
 # Quiet and quick when everything is present; the package lists are only
 # refreshed when something has to be installed.
+#   scripts/install-deps.sh          what the build and the tests need
+#   scripts/install-deps.sh --bench  ... and what the benchmark suite needs
 set -euo pipefail
 
 packages=(cmake ninja-build g++ make pkg-config python3 libboost-dev libgtest-dev libcli11-dev nlohmann-json3-dev)
+if [ "${1:-}" = --bench ]; then
+    packages+=(libbenchmark-dev)
+fi
 
 missing=()
 for package in "${packages[@]}"; do

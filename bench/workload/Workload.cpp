@@ -21,7 +21,23 @@ Workload generate(std::size_t ruleCount)
     return made;
 }
 
+std::string disjunctions(std::size_t count)
+{
+    std::string text;
+    for (std::size_t n = 1; n <= count; ++n) {
+        const std::string number = std::to_string(n);
+        text += "exclude if $file == /p/" + number + ".c or $ext == .o" + number + "\n";
+    }
+    return text;
+}
+
 } // namespace
+
+const std::string& disjunctionScript()
+{
+    static const std::string text = disjunctions(disjunctionCount);
+    return text;
+}
 
 const Workload& workload(std::size_t ruleCount)
 {

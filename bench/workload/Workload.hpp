@@ -27,6 +27,14 @@ constexpr std::size_t queryCount = 20000;
 // time it is asked for and kept for the rest of the process.
 const Workload& workload(std::size_t ruleCount);
 
+// How many rules the long script of disjunctions has.
+constexpr std::size_t disjunctionCount = 200000;
+
+// A long script of rules "exclude if $file == /p/N.c or $ext == .oN", N
+// from 1 to `disjunctionCount`: what merging many rules into one costs.
+// Made the first time it is asked for and kept.
+const std::string& disjunctionScript();
+
 } // namespace qxqr::bench
 
 #endif
