@@ -1,4 +1,5 @@
 #include "Generator.hpp"
+#include "RuleCount.hpp"
 #include "Yardstick.hpp"
 
 #include <gtest/gtest.h>
@@ -6,14 +7,6 @@
 using namespace qxqr::bench;
 
 namespace {
-
-std::size_t countOf(const std::vector<Rule>& rules, RuleKind kind)
-{
-    std::size_t count = 0;
-    for (const Rule& rule : rules)
-        count += rule.kind == kind;
-    return count;
-}
 
 // Whether some rule of `yardstick` decides anything about `file`.
 bool isHit(Yardstick& yardstick, const std::string& file)

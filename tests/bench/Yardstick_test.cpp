@@ -1,6 +1,8 @@
 // The yardstick against the library: for generated rule sets, as parsed and
 // after precomputation, both must give the same answers to the same files.
+#include "CollectingIncluder.hpp"
 #include "LibraryRules.hpp"
+#include "RuleCount.hpp"
 #include "Workload.hpp"
 #include "Yardstick.hpp"
 
@@ -16,18 +18,9 @@ using namespace qxqr::bench;
 
 namespace {
 
-class Collector : public QuorelRules::Includer {
-public:
-    bool include(const char* path) override {
-        files.push_back(path);
-        return true;
-    }
-    std::vector<std::string> files;
-};
-
 std::vector<std::string> libraryIncludes(QuorelScript::Rules& rules, const std::string& file)
 {
-    Collector collector;
+    CollectingIncluder collector;
     rules.getIncludes(file.c_str(), nullptr, collector);
     return collector.files;
 }
@@ -45,14 +38,6 @@ std::size_t linesStartingWith(const std::string& text, const std::string& start)
     std::size_t count = 0;
     for (std::string line; std::getline(lines, line);)
         count += line.rfind(start, 0) == 0;
-    return count;
-}
-
-std::size_t countOf(const std::vector<Rule>& rules, RuleKind kind)
-{
-    std::size_t count = 0;
-    for (const Rule& rule : rules)
-        count += rule.kind == kind;
     return count;
 }
 
