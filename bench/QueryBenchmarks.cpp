@@ -65,12 +65,28 @@ Yardstick& yardstickFor(std::size_t ruleCount)
     return *yardstick;
 }
 
-// Runs `ask(file)` once per iteration over the workload's files in turn,
-// and reports the allocations per query.
-template <class Ask>
-void eachQuery(benchmark::State& state, std::size_t ruleCount, Ask&& ask)
+// The workload's files for which the include rules add nothing.
+const std::vector<std::string>& filesIncludingNothing(std::size_t ruleCount)
 {
-    const std::vector<std::string>& files = workload(ruleCount).queries;
+    static std::map<std::size_t, std::vector<std::string>> made;
+    auto found = made.find(ruleCount);
+    if (found != made.end())
+        return found->second;
+    std::vector<std::string>& files = made[ruleCount];
+    for (const std::string& file : workload(ruleCount).queries) {
+        bool includes = false;
+        yardstickFor(ruleCount).getIncludes(file, [&](const char*) { includes = true; });
+        if (!includes)
+            files.push_back(file);
+    }
+    return files;
+}
+
+// Runs `ask(file)` once per iteration over `files` in turn, and reports the
+// allocations per query.
+template <class Ask>
+void eachQuery(benchmark::State& state, const std::vector<std::string>& files, Ask&& ask)
+{
     std::size_t next = 0;
     const std::size_t allocationsBefore = ReplacedAllocator::count();
     for (auto _ : state) {
@@ -91,7 +107,7 @@ void isExcluded(benchmark::State& state, std::size_t ruleCount, Preparation prep
 {
     QuorelScript::Rules& rules = rulesFor(ruleCount, preparation);
     const char* caller = workload(ruleCount).caller.c_str();
-    eachQuery(state, ruleCount, [&](const std::string& file) {
+    eachQuery(state, workload(ruleCount).queries, [&](const std::string& file) {
         benchmark::DoNotOptimize(rules.isExcluded(file.c_str(), nullptr, caller));
     });
 }
@@ -100,7 +116,7 @@ void isPruned(benchmark::State& state, std::size_t ruleCount, Preparation prepar
 {
     QuorelScript::Rules& rules = rulesFor(ruleCount, preparation);
     const char* caller = workload(ruleCount).caller.c_str();
-    eachQuery(state, ruleCount, [&](const std::string& file) {
+    eachQuery(state, workload(ruleCount).queries, [&](const std::string& file) {
         benchmark::DoNotOptimize(rules.isPruned(file.c_str(), nullptr, caller));
     });
 }
@@ -109,27 +125,40 @@ void getIncludes(benchmark::State& state, std::size_t ruleCount, Preparation pre
 {
     QuorelScript::Rules& rules = rulesFor(ruleCount, preparation);
     CountingIncluder includer;
-    eachQuery(state, ruleCount, [&](const std::string& file) { rules.getIncludes(file.c_str(), nullptr, includer); });
+    eachQuery(state, workload(ruleCount).queries,
+              [&](const std::string& file) { rules.getIncludes(file.c_str(), nullptr, includer); });
+    reportIncludes(state, includer.count);
+}
+
+// Where the host's includer receives nothing, a query should not allocate.
+void getIncludesOfNothing(benchmark::State& state, std::size_t ruleCount, Preparation preparation)
+{
+    QuorelScript::Rules& rules = rulesFor(ruleCount, preparation);
+    CountingIncluder includer;
+    eachQuery(state, filesIncludingNothing(ruleCount),
+              [&](const std::string& file) { rules.getIncludes(file.c_str(), nullptr, includer); });
     reportIncludes(state, includer.count);
 }
 
 void isExcludedYardstick(benchmark::State& state, std::size_t ruleCount)
 {
     const Yardstick& yardstick = yardstickFor(ruleCount);
-    eachQuery(state, ruleCount, [&](const std::string& file) { benchmark::DoNotOptimize(yardstick.isExcluded(file)); });
+    eachQuery(state, workload(ruleCount).queries,
+              [&](const std::string& file) { benchmark::DoNotOptimize(yardstick.isExcluded(file)); });
 }
 
 void isPrunedYardstick(benchmark::State& state, std::size_t ruleCount)
 {
     const Yardstick& yardstick = yardstickFor(ruleCount);
-    eachQuery(state, ruleCount, [&](const std::string& file) { benchmark::DoNotOptimize(yardstick.isPruned(file)); });
+    eachQuery(state, workload(ruleCount).queries,
+              [&](const std::string& file) { benchmark::DoNotOptimize(yardstick.isPruned(file)); });
 }
 
 void getIncludesYardstick(benchmark::State& state, std::size_t ruleCount)
 {
     Yardstick& yardstick = yardstickFor(ruleCount);
     std::size_t included = 0;
-    eachQuery(state, ruleCount, [&](const std::string& file) {
+    eachQuery(state, workload(ruleCount).queries, [&](const std::string& file) {
         yardstick.getIncludes(file, [&](const char* path) {
             benchmark::DoNotOptimize(path);
             ++included;
@@ -167,6 +196,10 @@ void registerQueryBenchmarks()
     registerQuery("isExcluded", isExcluded, isExcludedYardstick);
     registerQuery("isPruned", isPruned, isPrunedYardstick);
     registerQuery("getIncludes", getIncludes, getIncludesYardstick);
+    for (std::size_t ruleCount : ruleCounts) {
+        configure(benchmark::RegisterBenchmark(benchmarkName("getIncludes", "nothingIncluded", ruleCount).c_str(),
+                                               getIncludesOfNothing, ruleCount, Preparation::precomputed));
+    }
 }
 
 } // namespace qxqr::bench

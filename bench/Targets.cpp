@@ -109,8 +109,11 @@ std::vector<Target> targets()
     }
     made.push_back({"isExcluded, isPruned: no allocation per query",
                     allocationsAtMostIncludes(allFigures({"isExcluded", "isPruned"}))});
-    made.push_back({"getIncludes: at most one allocation per path included",
-                    allocationsAtMostIncludes(allFigures({"getIncludes"}))});
+    std::vector<std::string> includeFigures = allFigures({"getIncludes"});
+    for (std::size_t ruleCount : ruleCounts)
+        includeFigures.push_back(benchmarkName("getIncludes", "nothingIncluded", ruleCount));
+    made.push_back({"getIncludes: no allocation if nothing is included, else one per path",
+                    allocationsAtMostIncludes(includeFigures)});
     made.push_back({"qxqr walk of 100,002 files: at most 2 times find",
                     timeAtMostTimes(benchmarkName("walk", "qxqr", walkTreeFiles),
                                     benchmarkName("walk", "find", walkTreeFiles), 2)});
