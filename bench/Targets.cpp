@@ -134,7 +134,7 @@ void printTargets(const ResultsReporter& results, std::ostream& out)
     out << "\nTargets (release build, one core; processor time, the median where repeated)\n";
     for (const Target& target : targets()) {
         std::optional<Verdict> verdict = target.check(results);
-        out << std::left << std::setw(68) << target.text;
+        out << std::left << std::setw(72) << target.text;
         if (verdict)
             out << (verdict->met ? "met      " : "NOT met  ") << verdict->measured << "\n";
         else
