@@ -47,6 +47,17 @@ struct Sample {
     Preparation preparation;
 };
 
+std::string nameOf(const Sample& sample)
+{
+    return std::to_string(sample.ruleCount) + "Rules" +
+           (sample.preparation == Preparation::asParsed ? "AsParsed" : "Precomputed");
+}
+
+void PrintTo(const Sample& sample, std::ostream* out)
+{
+    *out << nameOf(sample) << ", " << sample.queries << " queries";
+}
+
 class AgreesWithLibrary : public ::testing::TestWithParam<Sample> {};
 
 } // namespace
@@ -72,7 +83,8 @@ INSTANTIATE_TEST_SUITE_P(Workloads, AgreesWithLibrary,
                                            Sample{100, 500, Preparation::asParsed},
                                            Sample{100, 500, Preparation::precomputed},
                                            Sample{1000, 100, Preparation::asParsed},
-                                           Sample{1000, 100, Preparation::precomputed}));
+                                           Sample{1000, 100, Preparation::precomputed}),
+                         [](const ::testing::TestParamInfo<Sample>& info) { return nameOf(info.param); });
 
 TEST(GeneratedScripts, ParseIntoEveryRuleOfTheModel)
 {
