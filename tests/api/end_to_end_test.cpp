@@ -1,6 +1,6 @@
 // A host's view: a script in, a rule set out, queries about the files of a
 // real directory tree answered.
-#include "CollectingIncluder.hpp"
+#include "RecordingIncluder.hpp"
 #include "TempTree.hpp"
 
 #include <qxqrscript.hpp>
@@ -48,9 +48,9 @@ protected:
     }
 
     std::vector<std::string> includesOf(const std::string& file) {
-        CollectingIncluder collector;
+        RecordingIncluder collector;
         rules->getIncludes(file.c_str(), nullptr, collector);
-        return collector.files;
+        return collector.paths;
     }
 
     TempTree tree;

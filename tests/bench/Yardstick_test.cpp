@@ -1,6 +1,6 @@
 // The yardstick against the library: for generated rule sets, as parsed and
 // after precomputation, both must give the same answers to the same files.
-#include "CollectingIncluder.hpp"
+#include "RecordingIncluder.hpp"
 #include "LibraryRules.hpp"
 #include "RuleCount.hpp"
 #include "Workload.hpp"
@@ -20,9 +20,9 @@ namespace {
 
 std::vector<std::string> libraryIncludes(QuorelScript::Rules& rules, const std::string& file)
 {
-    CollectingIncluder collector;
+    RecordingIncluder collector;
     rules.getIncludes(file.c_str(), nullptr, collector);
-    return collector.files;
+    return collector.paths;
 }
 
 std::vector<std::string> yardstickIncludes(Yardstick& yardstick, const std::string& file)
