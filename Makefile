@@ -6,6 +6,11 @@
 #   make fuzz          fuzz the library with clang's libFuzzer, each target
 #                      for FUZZ_SECONDS seconds, in build-fuzz/
 #   make demo          run qxqr on the shipped example
+#   make bench         a release build in build-bench/, then the benchmark
+#                      suite, every figure beside its yardstick, and the
+#                      targets; BENCH_ARGS=--benchmark_filter=REGEX runs a
+#                      part, QXQR_BENCH_SKIP_HUGE_NAME=1 leaves out the
+#                      query whose name is 1,000,000 slashes
 #   make install PREFIX=/some/where
 
 BUILD_DIR      ?= build
@@ -13,6 +18,8 @@ SANITIZE_DIR   ?= build-sanitize
 FUZZ_DIR       ?= build-fuzz
 FUZZ_SECONDS   ?= 60
 FUZZ_TARGETS    = script file_reader
+BENCH_DIR      ?= build-bench
+BENCH_ARGS     ?=
 BUILD_TYPE     ?= RelWithDebInfo
 PREFIX         ?= /usr/local
 JOBS           ?= $(shell nproc)
@@ -20,7 +27,7 @@ JOBS           ?= $(shell nproc)
 export ASAN_OPTIONS  = detect_leaks=1:abort_on_error=0:strict_string_checks=1
 export UBSAN_OPTIONS = print_stacktrace=1:halt_on_error=1
 
-.PHONY: all deps build test test-sanitize fuzz demo install clean
+.PHONY: all deps build test test-sanitize fuzz demo bench install clean
 
 all: build
 
@@ -52,8 +59,15 @@ demo: build
 	$(BUILD_DIR)/qxqr walk --explain --root examples/demo/install --cwd examples/demo/project \
 	    examples/demo.rules -- examples/demo/project/src/main.c
 
+# Benchmarks need an optimised build of their own and are no part of `make test`.
+bench:
+	@scripts/install-deps.sh bench
+	@cmake -S . -B $(BENCH_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=OFF -DQXQR_BUILD_BENCH=ON >/dev/null
+	@cmake --build $(BENCH_DIR) -j $(JOBS) --target qxqr_bench
+	$(BENCH_DIR)/bench/qxqr_bench $(BENCH_ARGS)
+
 install: build
 	cmake --install $(BUILD_DIR) --prefix $(PREFIX)
 
 clean:
-	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(FUZZ_DIR)
+	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(FUZZ_DIR) $(BENCH_DIR)

@@ -1,17 +1,18 @@
 #!/usr/bin/env bash
 # Installs, with apt-get, whichever of the build's Debian packages are missing.
-#   scripts/install-deps.sh        what the build and the tests need
-#   scripts/install-deps.sh fuzz   that and what the fuzzing build needs
+#   scripts/install-deps.sh         what the build and the tests need
+#   scripts/install-deps.sh fuzz    that and what the fuzzing build needs
+#   scripts/install-deps.sh bench   that and what the benchmark suite needs
 # Quiet and quick when everything is present; the package lists are only
 # refreshed when something has to be installed.
 set -euo pipefail
 
 packages=(cmake ninja-build g++ make pkg-config python3 libboost-dev libgtest-dev libcli11-dev nlohmann-json3-dev)
-# clang, with its fuzzer and sanitizer runtimes (libclang_rt.fuzzer and the others).
-fuzz_packages=(clang libclang-rt-dev)
-if [ "${1:-}" = fuzz ]; then
-    packages+=("${fuzz_packages[@]}")
-fi
+case "${1:-}" in
+    # clang, with its fuzzer and sanitizer runtimes (libclang_rt.fuzzer and the others).
+    fuzz) packages+=(clang libclang-rt-dev) ;;
+    bench) packages+=(libbenchmark-dev) ;;
+esac
 
 missing=()
 for package in "${packages[@]}"; do

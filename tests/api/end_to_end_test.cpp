@@ -1,5 +1,6 @@
 // A host's view: a script in, a rule set out, queries about the files of a
 // real directory tree answered.
+#include "RecordingIncluder.hpp"
 #include "TempTree.hpp"
 
 #include <qxqrscript.hpp>
@@ -26,16 +27,6 @@ const char* const script =
     "include [$dir/$name.h, $vantor/extra] if $ext == .c\n"
     "include $vantor/pat/*.txt unless $name != main\n";
 
-// Collects the files that the include rules add.
-class Collector : public QuorelRules::Includer {
-public:
-    bool include(const char* path) override {
-        files.push_back(path);
-        return true;
-    }
-    std::vector<std::string> files;
-};
-
 class EndToEnd : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -57,9 +48,9 @@ protected:
     }
 
     std::vector<std::string> includesOf(const std::string& file) {
-        Collector collector;
+        RecordingIncluder collector;
         rules->getIncludes(file.c_str(), nullptr, collector);
-        return collector.files;
+        return collector.paths;
     }
 
     TempTree tree;

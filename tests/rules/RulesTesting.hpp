@@ -18,6 +18,8 @@
 #include "expr/PathLiteral.hpp"
 #include "rules/Rule.hpp"
 
+#include "RecordingIncluder.hpp"
+
 #include <qxqrscript/QuorelRules.hpp>
 #include <qxqrscript/Rules.hpp>
 
@@ -161,17 +163,6 @@ public:
 private:
     Tracker& tracker_;
     std::string text_;
-};
-
-// Keeps every path it is given, in order.
-class RecordingIncluder : public QuorelRules::Includer {
-public:
-    bool include(const char* path) override {
-        paths.push_back(path);
-        return true;
-    }
-
-    std::vector<std::string> paths;
 };
 
 // Fails at the first path it is given.

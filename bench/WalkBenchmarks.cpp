@@ -1,0 +1,93 @@
+// `qxqr walk` over a tree of 100,002 files beside `find` listing the same
+// tree, both run as programs, their output written to files. Each is timed
+// by the processor time it used; the wall-clock time is a counter.
+#include "Benchmarks.hpp"
+#include "Names.hpp"
+#include "Subprocess.hpp"
+#include "WalkTree.hpp"
+#include "Workload.hpp"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+namespace qxqr::bench {
+
+namespace {
+
+// Where the tree, the walk's script and the programs' output go.
+const std::string workFolder = QXQR_BENCH_WORK_DIR;
+const std::string tree = workFolder + "/walk-tree";
+const std::string output = workFolder + "/walk-output.txt";
+
+// The 10-rule workload's rules, and the ones that make the walk a
+// dependency analysis of the tree: main.c brings every source, every
+// source its header, and headers are not looked into.
+std::string walkScript()
+{
+    return workload(10).script +
+           "% the walk over the tree\n"
+           "prune if $ext == .h\n"
+           "include $cwd/src/*/*.c if $file == $cwd/main.c\n"
+           "include $dir/$name.h if $ext == .c\n";
+}
+
+std::size_t linesOf(const std::string& file)
+{
+    std::ifstream in(file);
+    return static_cast<std::size_t>(
+        std::count(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>(), '\n'));
+}
+
+// Runs `command` once per iteration; reports how many lines of output it
+// wrote, less `summaryLines`, as the files it met.
+void runProgram(benchmark::State& state, const std::vector<std::string>& command, std::size_t summaryLines)
+{
+    makeWalkTree(tree);
+    double wallSeconds = 0;
+    for (auto _ : state) {
+        const Outcome outcome = runWithOutputTo(command, output);
+        if (outcome.status != 0) {
+            state.SkipWithError((command[0] + " failed").c_str());
+            return;
+        }
+        state.SetIterationTime(outcome.cpuSeconds);
+        wallSeconds += outcome.wallSeconds;
+    }
+    state.counters["files"] = static_cast<double>(linesOf(output) - summaryLines);
+    state.counters["wall_ms"] = benchmark::Counter(wallSeconds * 1e3, benchmark::Counter::kAvgIterations);
+}
+
+void qxqrWalk(benchmark::State& state)
+{
+    const std::string script = workFolder + "/walk-tree.rules";
+    std::ofstream(script) << walkScript();
+    runProgram(state,
+               {QXQR_BENCH_TOOL, "walk", "--no-progress", "--precompute", "--root", "/opt/vantor", "--cwd", tree,
+                script, "--", tree + "/main.c"},
+               1);
+}
+
+void findFiles(benchmark::State& state)
+{
+    runProgram(state, {"find", tree, "-type", "f"}, 0);
+}
+
+} // namespace
+
+void registerWalkBenchmarks()
+{
+    benchmark::RegisterBenchmark(benchmarkName("walk", "qxqr", walkTreeFiles).c_str(), qxqrWalk)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond)
+        ->Iterations(2);
+    benchmark::RegisterBenchmark(benchmarkName("walk", "find", walkTreeFiles).c_str(), findFiles)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond)
+        ->Iterations(5);
+}
+
+} // namespace qxqr::bench
