@@ -35,14 +35,11 @@ public:
     // The position of the first condition that holds, or `none`.
     std::size_t firstHolding(QueryContext& context) const;
 
-    // Calls `visit` with the position of every condition that holds, in order.
+    // Calls `visit` with the position of every condition that holds, in
+    // order, until it returns true.
     template <class Visit>
     void forEachHolding(QueryContext& context, Visit visit) const {
-        walk(context, [&](std::size_t position) {
-            if (holdsAt(position, context))
-                visit(position);
-            return false;
-        });
+        walk(context, [&](std::size_t position) { return holdsAt(position, context) && visit(position); });
     }
 
     const CompiledConditions& conditions() const { return conditions_; }

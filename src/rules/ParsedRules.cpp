@@ -88,16 +88,16 @@ public:
             rules.plan = std::make_unique<QueryPlan>(rules.excludeRules, rules.pruneRules, rules.includeRules,
                                                      rules.vantorRoot, rules.cwd);
         plan_ = rules.plan.get();
-        context_ = plan_->takeContext();
+        context_ = &plan_->takeContext();
         ++rules.runningQueries;
         context_->start(file, caller);
     }
     RunningQuery(const RunningQuery&) = delete;
     RunningQuery& operator=(const RunningQuery&) = delete;
     ~RunningQuery() {
-        plan_->giveBack(std::move(context_));
+        plan_->giveBackContext();
         if (--rules_.runningQueries == 0)
-            rules_.retiredPlans.clear();
+            rules_.replacedPlans.reset();
     }
 
     const QueryPlan& plan() const { return *plan_; }
@@ -106,7 +106,7 @@ public:
 private:
     ParsedRules& rules_;
     QueryPlan* plan_;
-    std::unique_ptr<QueryContext> context_;
+    QueryContext* context_;
 };
 
 ParsedRules::ParsedRules(ExcludeRuleList* excludeRules, PruneRuleList* pruneRules, IncludeRuleList* includeRules)
@@ -152,15 +152,28 @@ void ParsedRules::getIncludes(const char* file, const char* /*reserved*/, Quorel
     // Include rules are asked about a file alone: $caller is empty for them.
     RunningQuery query(*this, file, nullptr);
     QueryContext& context = query.context();
-    query.plan().inclusions().forEachHolding(context, [&](std::size_t position) {
-        for (const CompiledPath& path : query.plan().includedPaths(position))
+    const QueryPlan& plan = query.plan();
+    std::size_t rulesDone = 0;
+    plan.inclusions().forEachHolding(context, [&](std::size_t position) {
+        for (const CompiledPath& path : plan.includedPaths(position))
             includeFilesOf(path.terminatedText(context), includer);
+        rulesDone = position + 1;
+        return this->plan.get() != &plan;
     });
+    if (this->plan.get() == &plan)
+        return;
+    // The includer changed the rules (bound a variable, say): the rules
+    // after the ones done are asked as they are now, one by one, with the
+    // variables the query began with.
+    for (std::size_t position = rulesDone; position < includeRules->size(); ++position)
+        expandIncludeRule(*(*includeRules)[position], context.variables().bindings(), includer);
 }
 
 void ParsedRules::rulesChanged() {
-    if (runningQueries > 0)
-        retiredPlans.push_back(std::move(plan));
+    if (runningQueries > 0 && plan) {
+        plan->replaced = std::move(replacedPlans);
+        replacedPlans = std::move(plan);
+    }
     plan.reset();
 }
 
@@ -187,6 +200,9 @@ int ParsedRules::setCwdFromProcess() {
 void ParsedRules::bindVariable(const char* name, const char* value) {
     if (name == nullptr || value == nullptr)
         return;
+    // Before anything changes: a substitution that fails half-way must not
+    // leave the queries on rules prepared from the trees before it.
+    rulesChanged();
     Bindings binding;
     binding.emplace(Path(std::string(name)), Path(std::string(value)));
     // Only the conditions: the paths of include rules take their variables
@@ -194,7 +210,6 @@ void ParsedRules::bindVariable(const char* name, const char* value) {
     substituteInto(excludeRules, binding);
     substituteInto(pruneRules, binding);
     substituteInto(includeRules, binding);
-    rulesChanged();
 }
 
 std::ostream& ParsedRules::print(std::ostream& os) const {

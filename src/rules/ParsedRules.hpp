@@ -70,7 +70,7 @@ private:
     // made by the first query that needs them. A plan that changes while
     // queries run (from a host's callback) is kept until they have ended.
     std::unique_ptr<QueryPlan> plan;
-    std::vector<std::unique_ptr<QueryPlan>> retiredPlans;
+    std::unique_ptr<QueryPlan> replacedPlans;
     int runningQueries;
 };
 

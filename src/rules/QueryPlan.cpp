@@ -12,7 +12,7 @@ CompiledConditions compiledConditions(const std::vector<Rule*>* rules, const Con
         return conditions;
     conditions.reserve(rules->size());
     for (const Rule* rule : *rules)
-        conditions.push_back(compileCondition(*rule->condition, configured, layout));
+        conditions.push_back(compileCondition(rule->condition, configured, layout));
     return conditions;
 }
 
@@ -24,6 +24,8 @@ std::vector<std::vector<CompiledPath>> compiledPaths(const IncludeRuleList* rule
     paths.reserve(rules->size());
     for (const IncludeRule* rule : *rules) {
         paths.emplace_back();
+        if (rule->paths == nullptr)
+            continue;
         paths.back().reserve(rule->paths->size());
         for (const Expression<Path>* path : *rule->paths)
             paths.back().emplace_back(*path, configured, layout);
@@ -39,20 +41,15 @@ QueryPlan::QueryPlan(const ExcludeRuleList* excludeRules, const PruneRuleList* p
       exclusions_(compiledConditions(excludeRules, configured_, layout_), layout_),
       prunings_(compiledConditions(pruneRules, configured_, layout_), layout_),
       inclusions_(compiledConditions(includeRules, configured_, layout_), layout_),
-      includedPaths_(compiledPaths(includeRules, configured_, layout_)) {}
+      includedPaths_(compiledPaths(includeRules, configured_, layout_)),
+      contextsInUse_(0) {}
 
 QueryPlan::~QueryPlan() {}
 
-std::unique_ptr<QueryContext> QueryPlan::takeContext() {
-    if (idleContexts_.empty())
-        return std::make_unique<QueryContext>(configured_, layout_);
-    std::unique_ptr<QueryContext> context = std::move(idleContexts_.back());
-    idleContexts_.pop_back();
-    return context;
-}
-
-void QueryPlan::giveBack(std::unique_ptr<QueryContext> context) {
-    idleContexts_.push_back(std::move(context));
+QueryContext& QueryPlan::takeContext() {
+    if (contextsInUse_ == contexts_.size())
+        contexts_.push_back(std::make_unique<QueryContext>(configured_, layout_));
+    return *contexts_[contextsInUse_++];
 }
 
 } // namespace QuorelScript

@@ -35,9 +35,15 @@ public:
 
     // A context for one query, to be given back when the query ends; a
     // query that starts while another runs (from a host's callback) gets a
-    // context of its own.
-    std::unique_ptr<QueryContext> takeContext();
-    void giveBack(std::unique_ptr<QueryContext> context);
+    // context of its own. Queries end in the reverse order of their start,
+    // so the contexts are a stack, and giving one back allocates nothing.
+    QueryContext& takeContext();
+    void giveBackContext() { --contextsInUse_; }
+
+    // A plan that was replaced while queries still ran on it, kept until
+    // they have ended; chained through the plans themselves, so that keeping
+    // one allocates nothing.
+    std::unique_ptr<QueryPlan> replaced;
 
 private:
     ConfiguredVariables configured_;
@@ -46,7 +52,8 @@ private:
     ConditionSequence prunings_;
     ConditionSequence inclusions_;
     std::vector<std::vector<CompiledPath>> includedPaths_;
-    std::vector<std::unique_ptr<QueryContext>> idleContexts_;
+    std::vector<std::unique_ptr<QueryContext>> contexts_;
+    std::size_t contextsInUse_;
 };
 
 } // namespace QuorelScript

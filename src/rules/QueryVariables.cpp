@@ -14,46 +14,31 @@ bool assignNormalized(std::string& target, const char* text) {
 } // namespace
 
 QueryVariables::QueryVariables(const ConfiguredVariables& configured)
-    : configured_(&configured),
-      fileArgument_(nullptr),
-      callerArgument_(nullptr),
-      fileFreeOfDoubledSlashes_(true),
-      fileReady_(false),
-      callerReady_(false) {}
+    : configured_(&configured), fileFreeOfDoubledSlashes_(true), callerReady_(false) {}
 
+// The caller is normalized only if a condition looks at it.
 void QueryVariables::start(const char* file, const char* caller) {
-    fileArgument_ = file;
-    callerArgument_ = caller;
-    fileReady_ = false;
+    fileFreeOfDoubledSlashes_ = assignNormalized(file_, file);
+    fileParts_ = splitFilePath(file_);
+    callerArgument_.assign(caller != nullptr ? caller : "");
     callerReady_ = false;
     bindings_.reset();
-}
-
-const std::string& QueryVariables::file() {
-    if (!fileReady_) {
-        fileFreeOfDoubledSlashes_ = assignNormalized(file_, fileArgument_);
-        fileParts_ = splitFilePath(file_);
-        fileReady_ = true;
-    }
-    return file_;
 }
 
 std::string_view QueryVariables::value(QueryVariable variable) {
     switch (variable) {
     case QueryVariable::file:
-        return file();
+        return file_;
     case QueryVariable::dir:
-        file();
         return fileParts_.dir;
     case QueryVariable::name:
-        file();
         return fileParts_.name;
     case QueryVariable::ext:
-        file();
         return fileParts_.ext;
     case QueryVariable::caller:
         if (!callerReady_) {
-            assignNormalized(caller_, callerArgument_);
+            caller_ = callerArgument_;
+            normalizePathText(caller_);
             callerReady_ = true;
         }
         return caller_;
@@ -74,7 +59,6 @@ bool QueryVariables::isNormal(QueryVariable variable) {
     case QueryVariable::dir:
     case QueryVariable::name:
     case QueryVariable::ext:
-        file();
         return fileFreeOfDoubledSlashes_ && !endsInPathWhiteSpace(value(variable));
     default:
         return isNormalPathText(value(variable));
@@ -83,7 +67,8 @@ bool QueryVariables::isNormal(QueryVariable variable) {
 
 const Bindings& QueryVariables::bindings() {
     if (!bindings_)
-        bindings_.emplace(configured_->vantorRoot().c_str(), fileArgument_, callerArgument_,
+        // The file as normalized binds the same as the file as given.
+        bindings_.emplace(configured_->vantorRoot().c_str(), file_.c_str(), callerArgument_.c_str(),
                           configured_->cwd().c_str());
     return *bindings_;
 }

@@ -22,6 +22,8 @@ public:
     QueryVariables& operator=(const QueryVariables&) = delete;
 
     // A new query about `file`, referred to by `caller` (null for none).
+    // Both are copied at once: the host may reuse or free its texts while
+    // the query runs (from its includer, say).
     void start(const char* file, const char* caller);
 
     // The value as the query's bindings hold it.
@@ -35,16 +37,12 @@ public:
     const Bindings& bindings();
 
 private:
-    const std::string& file();
-
     const ConfiguredVariables* configured_;
-    const char* fileArgument_;
-    const char* callerArgument_;
     std::string file_;
+    std::string callerArgument_;
     std::string caller_;
     FilePathParts fileParts_;
     bool fileFreeOfDoubledSlashes_;
-    bool fileReady_;
     bool callerReady_;
     std::optional<Bindings> bindings_;
 };

@@ -280,9 +280,11 @@ private:
 
 } // namespace
 
-std::unique_ptr<CompiledCondition> compileCondition(const Expression<bool>& condition,
+std::unique_ptr<CompiledCondition> compileCondition(const Expression<bool>* condition,
                                                     const ConfiguredVariables& configured, ScratchLayout& layout) {
-    return Compiler(configured, layout).compile(condition);
+    if (condition == nullptr)
+        return std::make_unique<FixedCondition>(false);
+    return Compiler(configured, layout).compile(*condition);
 }
 
 } // namespace QuorelScript

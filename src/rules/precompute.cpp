@@ -46,6 +46,9 @@ void mergeAndSimplify(std::vector<Rule*>* rules) {
 } // namespace
 
 void ParsedRules::precompute() {
+    // Before anything changes, so that a precompute that fails half-way
+    // leaves no rules prepared from the trees before it.
+    rulesChanged();
     if (hasVantorRoot) {
         bindVariable("vantor", vantorRoot.c_str());
         bindVariable("toolbox", (vantorRoot + "/toolbox").c_str());
@@ -58,7 +61,6 @@ void ParsedRules::precompute() {
     // Include rules stay apart: each of them adds its own paths.
     mergeAndSimplify(excludeRules);
     mergeAndSimplify(pruneRules);
-    rulesChanged();
 }
 
 } // namespace QuorelScript

@@ -101,6 +101,9 @@ void appendSpliced(Multi& target, Owned operand) {
             target.append(next.release());
             continue;
         }
+        // Room first, so that no operand is out of the node and not yet in
+        // the stack when an allocation fails.
+        pending.reserve(pending.size() + 2);
         Binary& binary = static_cast<Binary&>(*next);
         pending.emplace_back(binary.releaseRight());
         pending.emplace_back(binary.releaseLeft());
@@ -152,8 +155,10 @@ void distributeNegations(Multi& node) {
             distributed.push_back(std::move(operand));
             continue;
         }
-        for (Expression<bool>*& dualOperand : dual->operands())
-            distributed.emplace_back(simplifyCondition(negated(std::exchange(dualOperand, nullptr))));
+        for (Expression<bool>*& dualOperand : dual->operands()) {
+            Owned negation(simplifyCondition(negated(std::exchange(dualOperand, nullptr))));
+            distributed.push_back(std::move(negation));
+        }
         operand.reset();
     }
     giveAll(distributed, node.operands());

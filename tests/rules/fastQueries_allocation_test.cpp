@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -106,4 +107,48 @@ TEST(FastQueriesAllocation, AgainAfterReconfiguration) {
     rules->isExcluded("/work/src/main.c", nullptr, nullptr);
     EXPECT_GT(ReplacedAllocator::count(), before) << "the first query prepares the rules anew";
     EXPECT_EQ(0u, allocationsAfterWarmUp([&](const char* file) { rules->isExcluded(file, nullptr, nullptr); }));
+}
+
+namespace {
+
+// Runs `step` on a fresh rule set with the k-th allocation failing, for
+// every k until one run needs no failure; returns how many runs there were.
+// A failed allocation may end the step with std::bad_alloc, never with
+// anything else, and leaves nothing behind (the sanitizers check leaks).
+template <class Step>
+int failEachAllocationOf(Step step) {
+    int runs = 0;
+    for (long allowed = 0;; ++allowed) {
+        std::unique_ptr<Rules> rules = preparedRules(false);
+        ++runs;
+        ReplacedAllocator::failAfter(allowed);
+        try {
+            step(*rules);
+        } catch (const std::bad_alloc&) {
+        }
+        const bool failed = ReplacedAllocator::failed();
+        ReplacedAllocator::failAfter(-1);
+        if (!failed)
+            return runs;
+    }
+}
+
+} // namespace
+
+TEST(FastQueriesAllocation, EveryAllocationOfTheFirstQueriesMayFail) {
+    CountingIncluder includer;
+    const int runs = failEachAllocationOf([&](Rules& rules) {
+        rules.isExcluded("src/gen/parser.o", nullptr, "/src/main.c");
+        rules.getIncludes("plugins/audio.c", nullptr, includer);
+        rules.isPruned("/usr/lib/libm.so", nullptr, nullptr);
+    });
+    EXPECT_GT(runs, 10);
+}
+
+TEST(FastQueriesAllocation, EveryAllocationOfPrecomputeMayFail) {
+    const int runs = failEachAllocationOf([](Rules& rules) {
+        rules.precompute();
+        rules.isExcluded("src/gen/parser.o", nullptr, nullptr);
+    });
+    EXPECT_GT(runs, 10);
 }

@@ -4,6 +4,8 @@
 #include "grammar/ParserImpl.hpp"
 #include "grammar/actions/ParserAction.hpp"
 
+#include <ostream>
+#include <sstream>
 #include <string>
 
 namespace QuorelScript {
@@ -22,9 +24,10 @@ public:
         CollectedRules<R>& rules = parser().template rules<R>();
         if (rules.empty())
             throw ParserImpl::InternalError();
-        std::string& name = rules.last().debugInfo;
-        name.assign(parser().scriptName()).append(", line ").append(std::to_string(parser().lineCount()));
-        name.append(": \n").append(first, last);
+        std::ostringstream name;
+        name << parser().scriptName() << ", line " << parser().lineCount() << ": " << std::endl
+             << std::string(first, last);
+        rules.last().debugInfo = name.str();
     }
 };
 
