@@ -16,7 +16,7 @@ ConditionSequence::ConditionSequence(CompiledConditions conditions, ScratchLayou
 // found through the index of its variable; the rest are always worked out.
 void ConditionSequence::buildIndex(ScratchLayout& layout) {
     indexed_ = true;
-    candidatesSlot_ = layout.addPositionList();
+    candidatesSlot_ = layout.addRunList();
     answeredByGuard_.assign(conditions_.size(), false);
     for (std::uint32_t position = 0; position < conditions_.size(); ++position) {
         const CompiledCondition& condition = *conditions_[position];
@@ -64,7 +64,7 @@ bool ConditionSequence::holdsAt(std::size_t position, QueryContext& context) con
     return (indexed_ && answeredByGuard_[position]) || conditions_[position]->holds(context);
 }
 
-void ConditionSequence::collectCandidates(QueryContext& context, std::vector<std::uint32_t>& candidates) const {
+void ConditionSequence::collectCandidates(QueryContext& context, PositionRuns& candidates) const {
     candidates.clear();
     for (std::size_t variable = 0; variable < queryVariableCount; ++variable) {
         const auto& equalities = equalities_[variable];
@@ -74,11 +74,9 @@ void ConditionSequence::collectCandidates(QueryContext& context, std::vector<std
         const std::string_view text = context.variableText(static_cast<QueryVariable>(variable));
         const auto found = equalities.find(text);
         if (found != equalities.end())
-            candidates.insert(candidates.end(), found->second.begin(), found->second.end());
+            candidates.push_back(runOver(found->second));
         prefixes.collectPrefixesOf(text, candidates);
     }
-    std::sort(candidates.begin(), candidates.end());
-    candidates.erase(std::unique(candidates.begin(), candidates.end()), candidates.end());
 }
 
 } // namespace QuorelScript

@@ -2,6 +2,7 @@
 #define QXQRSCRIPT_RULES_CONDITIONSEQUENCE_HPP
 
 #include "rules/CompiledCondition.hpp"
+#include "rules/PositionRun.hpp"
 #include "rules/PrefixTextIndex.hpp"
 #include "rules/QueryContext.hpp"
 #include "rules/QueryVariable.hpp"
@@ -53,7 +54,8 @@ private:
     void buildIndex(ScratchLayout& layout);
     void addToIndex(const IndexableTest& test, std::uint32_t position);
     bool holdsAt(std::size_t position, QueryContext& context) const;
-    void collectCandidates(QueryContext& context, std::vector<std::uint32_t>& candidates) const;
+    // The runs of positions whose guards pass, as the indexes hold them.
+    void collectCandidates(QueryContext& context, PositionRuns& candidates) const;
 
     // Calls `step` with the positions that may hold, in ascending order,
     // until it returns true.
@@ -71,8 +73,11 @@ private:
     std::array<PrefixTextIndex, queryVariableCount> prefixes_;
 };
 
-// The candidates that the index found and the unguarded conditions, merged
-// into one ascending walk.
+// The runs that the indexes found and the unguarded conditions, merged into
+// one ascending walk as it goes: a few runs are open at a time, so taking the
+// smallest head is a short scan, and a walk that stops early pays for no
+// more than it visited. A position that several runs hold (a condition with
+// more than one passing guard) is visited once.
 template <class Step>
 void ConditionSequence::walk(QueryContext& context, Step step) const {
     if (!indexed_) {
@@ -81,14 +86,27 @@ void ConditionSequence::walk(QueryContext& context, Step step) const {
                 return;
         return;
     }
-    std::vector<std::uint32_t>& candidates = context.positions(candidatesSlot_);
+    PositionRuns& candidates = context.runs(candidatesSlot_);
     collectCandidates(context, candidates);
-    auto candidate = candidates.begin();
     auto unguarded = unguarded_.begin();
-    while (candidate != candidates.end() || unguarded != unguarded_.end()) {
-        const bool takeCandidate =
-            unguarded == unguarded_.end() || (candidate != candidates.end() && *candidate < *unguarded);
-        const std::uint32_t position = takeCandidate ? *candidate++ : *unguarded++;
+    std::uint32_t visited = 0;
+    bool anyVisited = false;
+    for (;;) {
+        PositionRun* smallest = nullptr;
+        for (PositionRun& run : candidates)
+            if (run.next != run.end && (smallest == nullptr || *run.next < *smallest->next))
+                smallest = &run;
+        std::uint32_t position;
+        if (unguarded != unguarded_.end() && (smallest == nullptr || *unguarded < *smallest->next))
+            position = *unguarded++;
+        else if (smallest != nullptr)
+            position = *smallest->next++;
+        else
+            return;
+        if (anyVisited && position == visited)
+            continue;
+        visited = position;
+        anyVisited = true;
         if (step(position))
             return;
     }

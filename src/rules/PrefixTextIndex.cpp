@@ -12,8 +12,11 @@ void PrefixTextIndex::add(std::string_view text, std::uint32_t position) {
 }
 
 void PrefixTextIndex::finish() {
-    std::sort(entries_.begin(), entries_.end(),
-              [](const Entry& a, const Entry& b) { return a.text < b.text; });
+    // By text, and the positions of one text ascending, so that the
+    // positions of each node form an ascending run.
+    std::sort(entries_.begin(), entries_.end(), [](const Entry& a, const Entry& b) {
+        return a.text < b.text || (a.text == b.text && a.position < b.position);
+    });
     if (!entries_.empty())
         build();
     entries_.clear();
@@ -65,13 +68,13 @@ const PrefixTextIndex::Node* PrefixTextIndex::child(const Node& node, unsigned c
     return &nodes_[edge->child];
 }
 
-void PrefixTextIndex::collectPrefixesOf(std::string_view subject, std::vector<std::uint32_t>& positions) const {
+void PrefixTextIndex::collectPrefixesOf(std::string_view subject, PositionRuns& runs) const {
     if (nodes_.empty())
         return;
     const Node* node = &nodes_.front();
     for (std::size_t depth = 0;; ++depth) {
-        positions.insert(positions.end(), positions_.begin() + node->positionsBegin,
-                         positions_.begin() + node->positionsEnd);
+        if (node->positionsBegin != node->positionsEnd)
+            runs.push_back({positions_.data() + node->positionsBegin, positions_.data() + node->positionsEnd});
         if (depth == subject.size())
             return;
         node = child(*node, static_cast<unsigned char>(subject[depth]));

@@ -1,6 +1,8 @@
 #ifndef QXQRSCRIPT_RULES_PREFIXTEXTINDEX_HPP
 #define QXQRSCRIPT_RULES_PREFIXTEXTINDEX_HPP
 
+#include "rules/PositionRun.hpp"
+
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -19,9 +21,9 @@ public:
     void finish();
     bool empty() const { return empty_; }
 
-    // Appends to `positions` the positions of every text that is a prefix of
-    // `subject` (the empty text included), in no particular order.
-    void collectPrefixesOf(std::string_view subject, std::vector<std::uint32_t>& positions) const;
+    // Appends to `runs` the positions of every text that is a prefix of
+    // `subject` (the empty text included): one ascending run per length.
+    void collectPrefixesOf(std::string_view subject, PositionRuns& runs) const;
 
 private:
     struct Node {

@@ -6,7 +6,7 @@
 namespace QuorelScript {
 
 QueryContext::QueryContext(const ConfiguredVariables& configured, const ScratchLayout& layout)
-    : variables_(configured), texts_(layout.texts), positionLists_(layout.positionLists) {}
+    : variables_(configured), texts_(layout.texts), runLists_(layout.runLists) {}
 
 void QueryContext::start(const char* file, const char* caller) {
     variables_.start(file, caller);

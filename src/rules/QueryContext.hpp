@@ -2,13 +2,13 @@
 #define QXQRSCRIPT_RULES_QUERYCONTEXT_HPP
 
 #include "rules/ConfiguredVariables.hpp"
+#include "rules/PositionRun.hpp"
 #include "rules/QueryVariable.hpp"
 #include "rules/QueryVariables.hpp"
 
 #include <array>
 #include <bitset>
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,10 +19,10 @@ namespace QuorelScript {
 // each compiled node that needs one owning a numbered slot.
 struct ScratchLayout {
     std::size_t texts = 0;
-    std::size_t positionLists = 0;
+    std::size_t runLists = 0;
 
     std::size_t addText() { return texts++; }
-    std::size_t addPositionList() { return positionLists++; }
+    std::size_t addRunList() { return runLists++; }
 };
 
 // Everything that changes while a rule set answers one query: the variables
@@ -52,7 +52,7 @@ public:
     void substitute(std::string& text);
 
     std::string& text(std::size_t slot) { return texts_[slot]; }
-    std::vector<std::uint32_t>& positions(std::size_t slot) { return positionLists_[slot]; }
+    PositionRuns& runs(std::size_t slot) { return runLists_[slot]; }
 
 private:
     std::string_view workOutVariableText(QueryVariable variable);
@@ -64,7 +64,7 @@ private:
     std::array<std::string, queryVariableCount> variableTextBuffers_;
     std::string nameBuffer_;
     std::vector<std::string> texts_;
-    std::vector<std::vector<std::uint32_t>> positionLists_;
+    std::vector<PositionRuns> runLists_;
 };
 
 } // namespace QuorelScript

@@ -10,9 +10,15 @@ using QuorelScript::PrefixTextIndex;
 
 namespace {
 
+// The positions of every run, checking that each run ascends.
 std::vector<std::uint32_t> prefixesOf(const PrefixTextIndex& index, const std::string& subject) {
+    QuorelScript::PositionRuns runs;
+    index.collectPrefixesOf(subject, runs);
     std::vector<std::uint32_t> positions;
-    index.collectPrefixesOf(subject, positions);
+    for (const QuorelScript::PositionRun& run : runs) {
+        EXPECT_TRUE(std::is_sorted(run.next, run.end));
+        positions.insert(positions.end(), run.next, run.end);
+    }
     std::sort(positions.begin(), positions.end());
     return positions;
 }
@@ -58,4 +64,18 @@ TEST(PrefixTextIndex, ALongTextIsNoDeepRecursion) {
     index.finish();
     EXPECT_EQ(prefixesOf(index, deep + "b"), (std::vector<std::uint32_t>{1}));
     EXPECT_EQ(prefixesOf(index, deep.substr(1)), (std::vector<std::uint32_t>{}));
+}
+
+TEST(PrefixTextIndex, ThePositionsOfOneTextFormAnAscendingRun) {
+    PrefixTextIndex index;
+    index.add("/a", 9);
+    index.add("/a/b", 1);
+    index.add("/a", 2);
+    index.add("/a", 5);
+    index.finish();
+    QuorelScript::PositionRuns runs;
+    index.collectPrefixesOf("/a/b", runs);
+    ASSERT_EQ(2u, runs.size());
+    EXPECT_EQ((std::vector<std::uint32_t>(runs[0].next, runs[0].end)), (std::vector<std::uint32_t>{2, 5, 9}));
+    EXPECT_EQ((std::vector<std::uint32_t>(runs[1].next, runs[1].end)), (std::vector<std::uint32_t>{1}));
 }
