@@ -40,10 +40,13 @@ public:
     virtual bool neverHolds() const { return false; }
     // The tests one of which must pass for the condition to hold (none when
     // there are no such tests), and whether passing one is all the condition
-    // asks. Only tests that are worked out before anything else qualify:
-    // when they fail, the condition asks nothing more, so skipping it cannot
-    // be noticed.
+    // asks. Only tests that are worked out before anything that asks the
+    // host qualify: when they fail, the condition asks the host nothing, so
+    // skipping it cannot be noticed.
     virtual Guards guards() const { return {}; }
+    // Whether working the condition out may ask a host service (or do
+    // anything else a host could notice).
+    virtual bool asksTheHost() const { return false; }
     virtual bool isItsGuard() const { return false; }
 };
 

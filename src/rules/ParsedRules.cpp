@@ -5,6 +5,7 @@
 #include "expr/Path.hpp"
 #include "rules/QueryPlan.hpp"
 #include "rules/expandIncludeRule.hpp"
+#include "rules/plainQueries.hpp"
 
 #include <qxqrscript/host.hpp>
 
@@ -84,9 +85,11 @@ void printBlock(std::ostream& os, const std::vector<Rule*>* rules) {
 class ParsedRules::RunningQuery {
 public:
     RunningQuery(ParsedRules& rules, const char* file, const char* caller) : rules_(rules) {
-        if (!rules.plan)
+        if (!rules.plan) {
             rules.plan = std::make_unique<QueryPlan>(rules.excludeRules, rules.pruneRules, rules.includeRules,
                                                      rules.vantorRoot, rules.cwd);
+            rules.preparedOnce = true;
+        }
         plan_ = rules.plan.get();
         context_ = &plan_->takeContext();
         ++rules.runningQueries;
@@ -115,7 +118,9 @@ ParsedRules::ParsedRules(ExcludeRuleList* excludeRules, PruneRuleList* pruneRule
       pruneRules(pruneRules),
       hasVantorRoot(false),
       hasCwd(false),
-      runningQueries(0) {}
+      runningQueries(0),
+      preparedOnce(false),
+      plainAnswersSinceChange(0) {}
 
 ParsedRules::~ParsedRules() {
     deleteRuleList(excludeRules);
@@ -129,6 +134,13 @@ bool ParsedRules::firstMatch(const std::vector<Rule*>* rules,
                              const char* caller) {
     if (rules == nullptr)
         return false;
+    if (answersPlainly()) {
+        const Rule* matching = firstMatchingRule(*rules, Bindings(vantorRoot.c_str(), file, caller, cwd.c_str()));
+        if (matching == nullptr)
+            return false;
+        lastMatchText = matching->debugInfo;
+        return true;
+    }
     RunningQuery query(*this, file, caller);
     const std::size_t position = (query.plan().*conditions)().firstHolding(query.context());
     if (position == ConditionSequence::none)
@@ -150,6 +162,10 @@ void ParsedRules::getIncludes(const char* file, const char* /*reserved*/, Quorel
     if (includeRules == nullptr)
         return;
     // Include rules are asked about a file alone: $caller is empty for them.
+    if (answersPlainly()) {
+        includeFromEachRule(*includeRules, 0, Bindings(vantorRoot.c_str(), file, nullptr, cwd.c_str()), includer);
+        return;
+    }
     RunningQuery query(*this, file, nullptr);
     QueryContext& context = query.context();
     const QueryPlan& plan = query.plan();
@@ -165,11 +181,22 @@ void ParsedRules::getIncludes(const char* file, const char* /*reserved*/, Quorel
     // The includer changed the rules (bound a variable, say): the rules
     // after the ones done are asked as they are now, one by one, with the
     // variables the query began with.
-    for (std::size_t position = rulesDone; position < includeRules->size(); ++position)
-        expandIncludeRule(*(*includeRules)[position], context.variables().bindings(), includer);
+    includeFromEachRule(*includeRules, rulesDone, context.variables().bindings(), includer);
+}
+
+// Preparing costs as much as a few plain answers. The first query prepares
+// at once; after a change, a few queries are answered plainly first, so that
+// a host that changes the rule set between almost every two queries pays no
+// more than it would without preparing.
+bool ParsedRules::answersPlainly() {
+    if (plan || !preparedOnce || plainAnswersSinceChange == plainAnswersBeforePreparing)
+        return false;
+    ++plainAnswersSinceChange;
+    return true;
 }
 
 void ParsedRules::rulesChanged() {
+    plainAnswersSinceChange = 0;
     if (runningQueries > 0 && plan) {
         plan->replaced = std::move(replacedPlans);
         replacedPlans = std::move(plan);

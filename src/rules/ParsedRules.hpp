@@ -56,6 +56,8 @@ private:
                     const char* file, const char* caller);
     // The rules or the configuration changed: the queries prepare anew.
     void rulesChanged();
+    // Whether this query is answered rule by rule, without preparing.
+    bool answersPlainly();
 
     ExcludeRuleList* excludeRules;
     IncludeRuleList* includeRules;
@@ -72,6 +74,11 @@ private:
     std::unique_ptr<QueryPlan> plan;
     std::unique_ptr<QueryPlan> replacedPlans;
     int runningQueries;
+    // How many queries after a change are answered plainly before the
+    // rules are prepared again.
+    static constexpr unsigned plainAnswersBeforePreparing = 4;
+    bool preparedOnce;
+    unsigned plainAnswersSinceChange;
 };
 
 } // namespace QuorelScript

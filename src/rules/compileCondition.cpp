@@ -14,6 +14,7 @@
 
 #include <qxqrscript/host.hpp>
 
+#include <algorithm>
 #include <typeinfo>
 
 namespace QuorelScript {
@@ -24,6 +25,39 @@ typedef std::unique_ptr<CompiledCondition> Compiled;
 
 bool startsWith(std::string_view text, std::string_view prefix) {
     return prefix.size() <= text.size() && text.compare(0, prefix.size(), prefix) == 0;
+}
+
+bool anyAsksTheHost(const CompiledConditions& conditions) {
+    for (const Compiled& condition : conditions)
+        if (condition->asksTheHost())
+            return true;
+    return false;
+}
+
+// How few files a test lets through, roughly: the whole file or its name
+// equal to a text is rarer than a directory, a directory rarer than a
+// prefix, and an extension is shared by the most.
+int selectivity(const IndexableTest& test) {
+    if (test.kind == IndexableTest::Kind::prefix)
+        return 2;
+    switch (test.variable) {
+    case QueryVariable::file:
+        return 5;
+    case QueryVariable::name:
+        return 4;
+    case QueryVariable::ext:
+        return 1;
+    default:
+        return 3;
+    }
+}
+
+// The least selective of tests one of which must pass.
+int selectivity(const Guards& guards) {
+    int least = 5;
+    for (const IndexableTest* guard : guards)
+        least = std::min(least, selectivity(*guard));
+    return least;
 }
 
 class FixedCondition : public CompiledCondition {
@@ -48,9 +82,22 @@ public:
         return true;
     }
 
-    // The first operand is worked out before anything else, so its guards
-    // guard the whole.
-    Guards guards() const override { return operands_.empty() ? Guards() : operands_.front()->guards(); }
+    // Every operand must hold, so the guards of any of them guard the whole,
+    // as long as the operands before it ask the host nothing. Of those, the
+    // ones that let the fewest files through are taken.
+    Guards guards() const override {
+        Guards best;
+        for (const Compiled& operand : operands_) {
+            const Guards own = operand->guards();
+            if (!own.empty() && (best.empty() || selectivity(own) > selectivity(best)))
+                best = own;
+            if (operand->asksTheHost())
+                break;
+        }
+        return best;
+    }
+
+    bool asksTheHost() const override { return anyAsksTheHost(operands_); }
 
     CompiledConditions takeOperands() { return std::move(operands_); }
 
@@ -87,6 +134,8 @@ public:
         return true;
     }
 
+    bool asksTheHost() const override { return anyAsksTheHost(operands_.conditions()); }
+
     CompiledConditions takeOperands() { return operands_.takeConditions(); }
 
 private:
@@ -97,6 +146,7 @@ class NotCondition : public CompiledCondition {
 public:
     explicit NotCondition(Compiled operand) : operand_(std::move(operand)) {}
     bool holds(QueryContext& context) const override { return !operand_->holds(context); }
+    bool asksTheHost() const override { return operand_->asksTheHost(); }
 
 private:
     Compiled operand_;
@@ -174,6 +224,7 @@ class ExistsCondition : public CompiledCondition {
 public:
     explicit ExistsCondition(CompiledPath path) : path_(std::move(path)) {}
     bool holds(QueryContext& context) const override { return kfFileOrDirExists(path_.terminatedText(context)); }
+    bool asksTheHost() const override { return true; }
 
 private:
     CompiledPath path_;
@@ -187,6 +238,7 @@ public:
     bool holds(QueryContext& context) const override {
         return condition_->evaluate(context.variables().bindings());
     }
+    bool asksTheHost() const override { return true; }
 
 private:
     const Expression<bool>* condition_;
