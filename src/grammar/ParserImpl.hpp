@@ -46,6 +46,11 @@ public:
     ParsedRules* releaseRules();
     void handOverRules(ParsedRules& rules);
 
+    // How deep parentheses may nest in a condition.
+    static const int nestingLimit = 1000;
+    // Whether the last text nested parentheses deeper than that.
+    bool nestedTooDeep() const { return nesting_.exceeded(); }
+
     int lineCount() const { return lineCount_; }
     void countLine() { ++lineCount_; }
 
@@ -131,6 +136,7 @@ private:
     pelor::rule blank_line;
     pelor::rule script;
 
+    pelor::nesting_depth nesting_;
     std::tuple<OperandStack<Expression<bool>>, OperandStack<Expression<Path>>, OperandStack<PathList>> stacks_;
     std::tuple<CollectedRules<ExcludeRule>, CollectedRules<IncludeRule>, CollectedRules<PruneRule>> collected_;
 
