@@ -110,136 +110,128 @@ Outcome runOnSmallStack(const std::string& script, Precompute precompute) {
     return outcome;
 }
 
-// The deepest scripts: three rules, each with its condition nested
-// `levels` deep in another way, on every path the parser can take into a
-// parenthesis (after "or", "and" and "not"), as a negation and to the left
-// of an "and". Each is true for `file` only when it is evaluated down to its
-// innermost comparison.
-struct DeepestNesting {
-    explicit DeepestNesting(int levels) {
-        // Every level is "false or (true and not (...) and true)".
-        const std::string exclude = repeated("$ext == .h or $name == x and not (", levels) + "$name == x" +
-                                    repeated(") and $ext == .c", levels);
-        const std::string prune = repeated("(", levels) + "$name == x" + repeated(") and $ext == .c", levels);
-        const std::string include = repeated("not (", levels) + "$name == x" + repeated(")", levels);
-        script = "exclude if " + exclude + "\nprune if " + prune + "\ninclude [$dir/$name.h] if " + include + "\n";
-
-        printed = "\texclude if " + repeated("or(equals($ext,.h),and(equals($name,x),and(not(", levels) +
-                  "equals($name,x)" + repeated("),equals($ext,.c))))", levels) + "\n\n" + "\tprune if " +
-                  repeated("and(", levels) + "equals($name,x)" + repeated(",equals($ext,.c))", levels) + "\n\n" +
-                  "\tinclude [$dir/$name.h] if " + repeated("not(", levels) + "equals($name,x)" +
-                  repeated(")", levels) + "\n\n";
-    }
-
-    std::string script;
+// A script, what its rule set prints, and what the queries answer.
+struct Script {
+    std::string text;
     std::string printed;
+    Answers answers;
 };
 
-const Answers allHold{true, true, 1};
+// Runs `script` on a small stack, and checks that it is accepted and prints
+// and answers as expected, also after precomputing when asked to.
+void expectWorks(const Script& script, Precompute precompute) {
+    const Outcome outcome = runOnSmallStack(script.text, precompute);
+    ASSERT_TRUE(outcome.accepted) << outcome.errors;
+    EXPECT_EQ(script.printed, outcome.printed);
+    EXPECT_EQ(script.answers, outcome.answers);
+    if (precompute == Precompute::yes) {
+        EXPECT_EQ(script.answers, outcome.precomputedAnswers);
+    }
+}
+
+// The deepest scripts: three rules, each with its condition nested `levels`
+// deep in another way, on every path the parser can take into a parenthesis
+// (after "or", "and" and "not"), as a negation and to the left of an "and".
+// For an even depth each holds for `file`, and only when it is evaluated
+// down to its innermost comparison.
+Script deepestNesting(int levels) {
+    // Every level is "false or (true and not (...) and true)".
+    const std::string exclude = repeated("$ext == .h or $name == x and not (", levels) + "$name == x" +
+                                repeated(") and $ext == .c", levels);
+    const std::string prune = repeated("(", levels) + "$name == x" + repeated(") and $ext == .c", levels);
+    const std::string include = repeated("not (", levels) + "$name == x" + repeated(")", levels);
+    Script script;
+    script.text = "exclude if " + exclude + "\nprune if " + prune + "\ninclude [$dir/$name.h] if " + include + "\n";
+    script.printed = "\texclude if " + repeated("or(equals($ext,.h),and(equals($name,x),and(not(", levels) +
+                     "equals($name,x)" + repeated("),equals($ext,.c))))", levels) + "\n\n" + "\tprune if " +
+                     repeated("and(", levels) + "equals($name,x)" + repeated(",equals($ext,.c))", levels) + "\n\n" +
+                     "\tinclude [$dir/$name.h] if " + repeated("not(", levels) + "equals($name,x)" +
+                     repeated(")", levels) + "\n\n";
+    script.answers = Answers{true, true, 1};
+    return script;
+}
 
 TEST(SmallStack, DeepestNesting) {
     ASSERT_EQ(0, nestingLimit % 2) << "the negations of the include rule cancel out only for an even depth";
-    const DeepestNesting deepest(nestingLimit);
-    const Outcome outcome = runOnSmallStack(deepest.script, Precompute::no);
-    ASSERT_TRUE(outcome.accepted) << outcome.errors;
-    EXPECT_EQ(deepest.printed, outcome.printed);
-    EXPECT_EQ(allHold, outcome.answers);
-}
-
-TEST(SmallStack, OneLevelDeeperIsRejectedAndSaysSo) {
-    const DeepestNesting tooDeep(nestingLimit + 1);
-    const Outcome outcome = runOnSmallStack(tooDeep.script, Precompute::no);
-    EXPECT_FALSE(outcome.accepted);
-    const std::string firstLine = tooDeep.script.substr(0, tooDeep.script.find('\n'));
-    EXPECT_EQ("Syntax error in quorel rules script (<anonymous script>) at line 1:\n" + firstLine +
-                  "\n\nThe condition nests deeper than 50 levels.\n",
-              outcome.errors);
+    expectWorks(deepestNesting(nestingLimit), Precompute::no);
 }
 
 TEST(SmallStack, DeepestNestingPrecomputed) {
     GTEST_SKIP() << "condition simplification recurses once per level and per term and takes time exponential in "
                     "the depth of negated conjunctions; enable once it is iterative and linear";
-    const DeepestNesting deepest(nestingLimit);
-    const Outcome outcome = runOnSmallStack(deepest.script, Precompute::yes);
-    ASSERT_TRUE(outcome.accepted) << outcome.errors;
-    EXPECT_EQ(allHold, outcome.precomputedAnswers);
+    expectWorks(deepestNesting(nestingLimit), Precompute::yes);
 }
 
-// One rule whose condition is a chain of a million terms, true only through
-// its last one: "$name == y or false and true or ... or $name == x".
-struct LongestChain {
-    static const int terms = 1000000;
+TEST(SmallStack, OneLevelDeeperIsRejectedAndSaysSo) {
+    const std::string text = deepestNesting(nestingLimit + 1).text;
+    const Outcome outcome = runOnSmallStack(text, Precompute::no);
+    EXPECT_FALSE(outcome.accepted);
+    EXPECT_EQ("Syntax error in quorel rules script (<anonymous script>) at line 1:\n" + text.substr(0, text.find('\n')) +
+                  "\n\nThe condition nests deeper than 50 levels.\n",
+              outcome.errors);
+}
 
-    LongestChain() {
-        const int pairs = (terms - 2) / 2;
-        script = "exclude if $name == y" + repeated(" or false and true", pairs) + " or $name == x\n";
-        printed = "\texclude if or(equals($name,y)," + repeated("or(and(false,true),", pairs) + "equals($name,x)" +
-                  repeated(")", pairs + 1) + "\n\n";
-    }
-
-    std::string script;
-    std::string printed;
-};
+// One rule whose condition is a chain of a million terms, which holds only
+// through its last one: "$name == y or false and true or ... or $name == x".
+Script longestChain() {
+    const int terms = 1000000;
+    const int pairs = (terms - 2) / 2;
+    Script script;
+    script.text = "exclude if $name == y" + repeated(" or false and true", pairs) + " or $name == x\n";
+    script.printed = "\texclude if or(equals($name,y)," + repeated("or(and(false,true),", pairs) + "equals($name,x)" +
+                     repeated(")", pairs + 1) + "\n\n";
+    script.answers = Answers{true, false, 0};
+    return script;
+}
 
 TEST(SmallStack, LongestChain) {
-    const LongestChain chain;
-    const Outcome outcome = runOnSmallStack(chain.script, Precompute::no);
-    ASSERT_TRUE(outcome.accepted) << outcome.errors;
-    EXPECT_EQ(chain.printed, outcome.printed);
-    EXPECT_EQ((Answers{true, false, 0}), outcome.answers);
+    expectWorks(longestChain(), Precompute::no);
 }
 
 TEST(SmallStack, LongestChainPrecomputed) {
     GTEST_SKIP() << "condition simplification recurses once per term of an and/or chain; enable once it is "
                     "iterative";
-    const LongestChain chain;
-    const Outcome outcome = runOnSmallStack(chain.script, Precompute::yes);
-    ASSERT_TRUE(outcome.accepted) << outcome.errors;
-    EXPECT_EQ((Answers{true, false, 0}), outcome.precomputedAnswers);
+    expectWorks(longestChain(), Precompute::yes);
 }
 
 // A million lines that continue one rule.
-const std::string continuationRun =
-    "prune if $name == x" + repeated(" ...\n", 1000000) + " and $ext == .c\nexclude if $name == y\n";
+TEST(SmallStack, LongestContinuationRun) {
+    Script script;
+    script.text = "prune if $name == x" + repeated(" ...\n", 1000000) + " and $ext == .c\nexclude if $name == y\n";
+    script.printed = "\texclude if equals($name,y)\n\n\tprune if and(equals($name,x),equals($ext,.c))\n\n";
+    script.answers = Answers{false, true, 0};
+    expectWorks(script, Precompute::yes);
+}
 
 // A comment continued a million times over as many lines, then one with a
 // million comments continued inside it, which needs as many more line ends
 // to close them all; the rule after them is the only one.
-const std::string continuedComments = "% first ...\n" + repeated("still the comment ...\n", 1000000) + "end\n" +
-                                      "% second " + repeated("...%", 1000000) + repeated("\n", 1000001) +
-                                      "include [$dir/$name.h] if $ext == .c\n";
-
-// Lists of a hundred thousand paths; only the last element of the "in" list
-// is a prefix of the file.
-std::string longLists() {
-    const int paths = 100000;
-    std::string list;
-    for (int i = 0; i < paths; ++i)
-        list += "/nowhere/p" + std::to_string(i) + ", ";
-    return "exclude if $file in [" + list + "$dir/]\ninclude [" + list + "$dir/last.h] if $ext == .c\n";
-}
-
-TEST(SmallStack, LongestContinuationRun) {
-    const Outcome outcome = runOnSmallStack(continuationRun, Precompute::yes);
-    ASSERT_TRUE(outcome.accepted) << outcome.errors;
-    EXPECT_EQ("\texclude if equals($name,y)\n\n\tprune if and(equals($name,x),equals($ext,.c))\n\n", outcome.printed);
-    EXPECT_EQ((Answers{false, true, 0}), outcome.answers);
-    EXPECT_EQ(outcome.answers, outcome.precomputedAnswers);
-}
-
 TEST(SmallStack, LongestContinuedComments) {
-    const Outcome outcome = runOnSmallStack(continuedComments, Precompute::yes);
-    ASSERT_TRUE(outcome.accepted) << outcome.errors;
-    EXPECT_EQ("\tinclude [$dir/$name.h] if equals($ext,.c)\n\n", outcome.printed);
-    EXPECT_EQ((Answers{false, false, 1}), outcome.answers);
-    EXPECT_EQ(outcome.answers, outcome.precomputedAnswers);
+    Script script;
+    script.text = "% first ...\n" + repeated("still the comment ...\n", 1000000) + "end\n" + "% second " +
+                  repeated("...%", 1000000) + repeated("\n", 1000001) + "include [$dir/$name.h] if $ext == .c\n";
+    script.printed = "\tinclude [$dir/$name.h] if equals($ext,.c)\n\n";
+    script.answers = Answers{false, false, 1};
+    expectWorks(script, Precompute::yes);
 }
 
+// Lists of a hundred thousand paths and one more, the only one that is a
+// prefix of the file.
 TEST(SmallStack, LongestLists) {
-    const Outcome outcome = runOnSmallStack(longLists(), Precompute::yes);
-    ASSERT_TRUE(outcome.accepted) << outcome.errors;
-    EXPECT_EQ((Answers{true, false, 100001}), outcome.answers);
-    EXPECT_EQ(outcome.answers, outcome.precomputedAnswers);
+    const int paths = 100000;
+    std::string written;
+    std::string printed;
+    for (int i = 0; i < paths; ++i) {
+        const std::string path = "/nowhere/p" + std::to_string(i);
+        written += path + ", ";
+        printed += path + ",";
+    }
+    Script script;
+    script.text = "exclude if $file in [" + written + "$dir/]\ninclude [" + written + "$dir/last.h] if $ext == .c\n";
+    script.printed = "\texclude if in($file,[" + printed + "$dir/])\n\n\tinclude [" + printed +
+                     "$dir/last.h] if equals($ext,.c)\n\n";
+    script.answers = Answers{true, false, paths + 1};
+    expectWorks(script, Precompute::yes);
 }
 
 } // namespace

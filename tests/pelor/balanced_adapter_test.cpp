@@ -106,16 +106,10 @@ public:
 
 TEST(BalancedAdapter, MatchesAndActsLikeTheRecursiveRuleWhereACloseAlwaysFits)
 {
-    const std::string alphabet = ".%\na";
     std::mt19937 random(1789);
-    std::uniform_int_distribution<std::size_t> pick(0, alphabet.size() - 1);
-    std::uniform_int_distribution<std::size_t> length(0, 20);
     int nested = 0;
     for (int i = 0; i < 5000; ++i) {
-        std::string text;
-        for (std::size_t n = length(random); n > 0; --n) {
-            text += alphabet[pick(random)];
-        }
+        const std::string text = randomText(random, ".%\na", 20);
         BalancedAndRecursion grammars;
         EXPECT_EQ(scan(grammars.balancedWhole, text), scan(grammars.recursive, text)) << text;
         EXPECT_EQ(grammars.balancedLog, grammars.recursionLog) << text;

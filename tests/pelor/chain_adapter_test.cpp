@@ -129,16 +129,10 @@ public:
 
 TEST(ChainAdapter, MatchesAndActsLikeTheRightRecursiveRule)
 {
-    const std::string alphabet = "ab+ ;";
     std::mt19937 random(5150);
-    std::uniform_int_distribution<std::size_t> pick(0, alphabet.size() - 1);
-    std::uniform_int_distribution<std::size_t> length(0, 16);
     int matches = 0;
     for (int i = 0; i < 5000; ++i) {
-        std::string text;
-        for (std::size_t n = length(random); n > 0; --n) {
-            text += alphabet[pick(random)];
-        }
+        const std::string text = randomText(random, "ab+ ;", 16);
         ChainAndRecursion grammars;
         const Scan chained = scan(grammars.chained, text);
         EXPECT_EQ(chained, scan(grammars.recursiveWhole, text)) << text;

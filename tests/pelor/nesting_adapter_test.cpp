@@ -97,22 +97,12 @@ TEST(NestingAdapter, AtTheLimitTheOperandIsNotTried)
     EXPECT_TRUE(depth.exceeded());
 }
 
-// Throws from inside the nesting.
-class Thrower {
-public:
-    template <class Iterator>
-    void operator()(Iterator, Iterator) const
-    {
-        throw std::runtime_error("from an action");
-    }
-};
-
 TEST(NestingAdapter, AnExceptionGivesTheLevelBack)
 {
     pelor::nesting_depth depth(2);
     const std::string text = "a";
     const char* pos = text.data();
-    EXPECT_THROW(pelor::nested(depth, ch('a')[Thrower()]).match(pos, text.data() + text.size()), std::runtime_error);
+    EXPECT_THROW(pelor::nested(depth, ch('a')[Throwing()]).match(pos, text.data() + text.size()), std::runtime_error);
     EXPECT_EQ(depth.current(), 0);
     EXPECT_EQ(pos, text.data());
 }
