@@ -1,17 +1,20 @@
 #ifndef QXQRSCRIPT_EXPR_ANDEXPRESSION_HPP
 #define QXQRSCRIPT_EXPR_ANDEXPRESSION_HPP
 
-#include "expr/BinaryExpression.hpp"
+#include "expr/JunctionExpression.hpp"
 
 namespace QuorelScript {
 
-// and(left,right), evaluated left to right with short-circuiting.
-class AndExpression : public BinaryExpression<bool, AndExpression, bool, bool> {
+// and(left,right), evaluated left to right with short-circuiting: the right
+// operand is evaluated only when the left one is true. Operands may query
+// the file system, so how often they run is part of the behaviour.
+class AndExpression final : public JunctionExpression<AndExpression> {
 public:
     AndExpression(Expression<bool>* left, Expression<bool>* right);
 
-    bool evaluate(const Bindings& bindings) const override;
-    std::ostream& print(std::ostream& out) const override;
+    // The left operand's value that decides the whole without the right one.
+    static constexpr bool decisive = false;
+    static constexpr char opening[] = "and(";
 };
 
 } // namespace QuorelScript

@@ -54,6 +54,9 @@ public:
         return right;
     }
 
+    // Takes ownership of `right`; the node must hold none.
+    void adoptRight(Expression<B>* right) { right_ = right; }
+
 protected:
     // Prints the given opening, then left "," right ")".
     std::ostream& printOperands(std::ostream& out, const char* opening) const {

@@ -1,17 +1,19 @@
 #ifndef QXQRSCRIPT_EXPR_OREXPRESSION_HPP
 #define QXQRSCRIPT_EXPR_OREXPRESSION_HPP
 
-#include "expr/BinaryExpression.hpp"
+#include "expr/JunctionExpression.hpp"
 
 namespace QuorelScript {
 
-// or(left,right), evaluated left to right with short-circuiting.
-class OrExpression : public BinaryExpression<bool, OrExpression, bool, bool> {
+// or(left,right), evaluated left to right with short-circuiting: the right
+// operand is evaluated only when the left one is false.
+class OrExpression final : public JunctionExpression<OrExpression> {
 public:
     OrExpression(Expression<bool>* left, Expression<bool>* right);
 
-    bool evaluate(const Bindings& bindings) const override;
-    std::ostream& print(std::ostream& out) const override;
+    // The left operand's value that decides the whole without the right one.
+    static constexpr bool decisive = true;
+    static constexpr char opening[] = "or(";
 };
 
 } // namespace QuorelScript

@@ -12,8 +12,9 @@ namespace QuorelScript {
 namespace {
 
 // Runs the grammar over the whole of `text`. A text that does not match to
-// its end is reported on the error sink; the rules that its good lines made
-// stay with the parser and go with the next text that matches completely.
+// its end is reported on the error sink, with a word on the nesting when
+// that is what stopped it; the rules that its good lines made stay with the
+// parser and go with the next text that matches completely.
 bool matchesCompletely(ParserImpl& impl, const char* text) {
     text = textOrEmpty(text);
     const char* cursor = text;
@@ -22,6 +23,8 @@ bool matchesCompletely(ParserImpl& impl, const char* text) {
     if (cursor == end)
         return true;
     reportSyntaxError(impl.errorSink(), impl.scriptName(), impl.lineCount(), cursor);
+    if (impl.nestedTooDeep())
+        reportNestingTooDeep(impl.errorSink(), ParserImpl::nestingLimit);
     return false;
 }
 

@@ -29,4 +29,8 @@ void reportSyntaxError(std::ostream& sink, const std::string& scriptName, int li
          << std::endl;
 }
 
+void reportNestingTooDeep(std::ostream& sink, int limit) {
+    sink << "The condition nests deeper than " << limit << " levels." << std::endl;
+}
+
 } // namespace QuorelScript

@@ -11,6 +11,10 @@ namespace QuorelScript {
 // naming the script and the line, then the offending text, then an empty line.
 void reportSyntaxError(std::ostream& sink, const std::string& scriptName, int line, const char* cursor);
 
+// Writes the line that follows the message when the statement was turned
+// down because its parentheses nest deeper than `limit`.
+void reportNestingTooDeep(std::ostream& sink, int limit);
+
 } // namespace QuorelScript
 
 #endif

@@ -54,6 +54,12 @@ pelor::char_class<pelor::not_char_predicate<pelor::exact_char>> anyCharacterBut(
         pelor::not_char_predicate<pelor::exact_char>(pelor::exact_char(excluded)));
 }
 
+// Three dots and the blanks after them: what continues a line, when a line
+// end or a comment follows.
+auto continuation() {
+    return lit("...") >> zero_or_more(blankCharacter());
+}
+
 // A keyword ends where a character that cannot continue a word follows. The
 // look-ahead needs that character, so it fails at the very end of the text:
 // a keyword that ends the text is not recognised.
@@ -65,7 +71,7 @@ auto boundary() {
 } // namespace
 
 ParserImpl::ParserImpl()
-    : debugVerbose_(false), lineCount_(0), scriptName_("<anonymous script>"),
+    : nesting_(nestingLimit), debugVerbose_(false), lineCount_(0), scriptName_("<anonymous script>"),
       errorCapture_(std::ios_base::out), errorSink_(&errorCapture_) {
     buildGrammar();
 }
@@ -89,9 +95,10 @@ auto ParserImpl::conditionRule(const char* keyword) {
 }
 
 // Every production is given its body once, in dependency order. Productions
-// refer to each other by reference, which also ties the recursive ones:
-// or_expr inside primary, and_expr inside and_tail, or_expr inside or_tail,
-// and comment and blank inside each other.
+// refer to each other by reference, which also ties the one recursion left:
+// or_expr inside primary, bounded by the nesting limit. What merely repeats
+// is read in loops, so that its length costs no stack: the chains of "and"
+// and "or", and comments continued inside comments.
 void ParserImpl::buildGrammar() {
     newline = (lit(GrammarConstants::crlf) | ch(GrammarConstants::lineFeed))[IncrementLineCount(*this)];
 
@@ -100,7 +107,7 @@ void ParserImpl::buildGrammar() {
 
     // Three dots, then nothing but blanks up to the line end or a comment,
     // continue the line: together they count as one blank.
-    blank = blankCharacter() | (lit("...") >> zero_or_more(blankCharacter()) >> (ref(newline) | ref(comment)));
+    blank = blankCharacter() | (continuation() >> (ref(newline) | ref(comment)));
 
     path_char = ref(word_char) | (ch('$') >> pelor::char_class<pelor::alpha>(pelor::alpha())) | ch('/') | ch('\\') |
                 ch(':') | ch('.') | ch('#');
@@ -141,8 +148,12 @@ void ParserImpl::buildGrammar() {
     comparison = ref(path) >> zero_or_more(ref(blank)) >>
                  (ref(in_tail) | ref(not_in_tail) | ref(equals_tail) | ref(not_equals_tail) | ref(exists_tail));
 
+    // The one production that nests. Each parenthesis takes a level, and one
+    // past the limit is turned down (and recorded), so the recursion's stack
+    // stays bounded.
     primary = ref(boolean_literal) |
-              (ch('(') >> zero_or_more(ref(blank)) >> ref(or_expr) >> zero_or_more(ref(blank)) >> ch(')'));
+              (ch('(') >> pelor::nested(nesting_, zero_or_more(ref(blank)) >> ref(or_expr) >>
+                                                     zero_or_more(ref(blank)) >> ch(')')));
 
     // The literals win over a comparison whose path happens to spell them.
     atom = ref(primary) | ref(comparison);
@@ -150,13 +161,18 @@ void ParserImpl::buildGrammar() {
     unary = ref(atom) |
             (lit("not") >> boundary() >> zero_or_more(ref(blank)) >> ref(atom))[PushUnaryOp<NotExpression<bool>>(*this)];
 
-    and_expr = ref(unary) >> optional(boundary() >> zero_or_more(ref(blank)) >> ref(and_tail));
+    // "a and b and c" is and(a, and(b, c)). The chain reads its operands in
+    // a loop and joins them from the right once the last one has been read,
+    // as a right-recursive production would after its innermost operand.
+    and_tail = lit("and") >> boundary() >> zero_or_more(ref(blank)) >> ref(unary);
 
-    and_tail = (lit("and") >> boundary() >> zero_or_more(ref(blank)) >> ref(and_expr))[PushBinaryOp<AndExpression>(*this)];
+    and_expr = pelor::chain(ref(unary), boundary() >> zero_or_more(ref(blank)) >> ref(and_tail),
+                            PushBinaryOp<AndExpression>(*this));
 
-    or_expr = ref(and_expr) >> optional(boundary() >> zero_or_more(ref(blank)) >> ref(or_tail));
+    or_tail = lit("or") >> boundary() >> zero_or_more(ref(blank)) >> ref(and_expr);
 
-    or_tail = (lit("or") >> boundary() >> zero_or_more(ref(blank)) >> ref(or_expr))[PushBinaryOp<OrExpression>(*this)];
+    or_expr = pelor::chain(ref(and_expr), boundary() >> zero_or_more(ref(blank)) >> ref(or_tail),
+                           PushBinaryOp<OrExpression>(*this));
 
     boolean_expression = ref(or_expr)[DebugPrintObject<Expression<bool>>(*this, "boolean expression")];
 
@@ -171,8 +187,15 @@ void ParserImpl::buildGrammar() {
 
     statement = (ref(include_rule) | ref(exclude_rule) | ref(prune_rule)) >> ref(statement_end);
 
-    comment = ch('%') >> zero_or_more(ref(blank) | anyCharacterBut(GrammarConstants::lineFeed)) >>
-              (pelor::end_of_input() | ref(newline));
+    // A comment runs to its line end, where a continuation carries it on
+    // over the next line. A continuation that ends in a comment of its own
+    // opens one more comment inside it, which must end first: each such
+    // comment takes one more line end. They are counted rather than nested,
+    // since a line of them is as long as the text allows.
+    comment = ch('%') >> pelor::balanced(continuation() >> ch('%'),
+                                         blankCharacter() | (continuation() >> ref(newline)) |
+                                             anyCharacterBut(GrammarConstants::lineFeed),
+                                         pelor::end_of_input() | ref(newline));
 
     comment_line = zero_or_more(ref(blank)) >> ref(comment);
 
@@ -188,6 +211,7 @@ void ParserImpl::matchScript(const char*& cursor, const char* end) {
     stack<Expression<bool>>().clear();
     stack<Expression<Path>>().clear();
     stack<PathList>().clear();
+    nesting_.reset();
     lineCount_ = 1;
     script.match(cursor, end);
 }

@@ -5,9 +5,10 @@
 //
 // A grammar is a set of rules, each holding one expression built from
 // primitives (literals, character classes, epsilon, end of input), adapters
-// (sequence, choice, repetition, look-ahead, action) and references to other
-// rules. Matching prints nothing, throws nothing of its own and allocates
-// nothing; only a grammar's actions do what they do.
+// (sequence, choice, repetition, look-ahead, action, chain, counted and
+// bounded nesting) and references to other rules. Matching prints nothing,
+// throws nothing of its own and allocates nothing; only a grammar's actions
+// do what they do.
 
 #include "pelor/parser.hpp"
 #include "pelor/rule_impl_base.hpp"
@@ -32,5 +33,8 @@
 #include "pelor/repeat_adapter.hpp"
 #include "pelor/epsilon_adapter.hpp"
 #include "pelor/action_adapter.hpp"
+#include "pelor/chain_adapter.hpp"
+#include "pelor/balanced_adapter.hpp"
+#include "pelor/nesting_adapter.hpp"
 
 #endif

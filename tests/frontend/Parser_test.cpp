@@ -1,5 +1,6 @@
 #include "FrontendTesting.hpp"
 
+#include "grammar/ParserImpl.hpp"
 #include "rules/ParsedRules.hpp"
 
 #include <qxqrscript/Parser.hpp>
@@ -9,6 +10,7 @@
 #include <iostream>
 #include <memory>
 #include <sstream>
+#include <string>
 
 using namespace FrontendTesting;
 using QuorelScript::ParsedRules;
@@ -22,6 +24,13 @@ std::unique_ptr<ParsedRules> emptyRuleSet() {
                                                         new QuorelScript::PruneRuleList,
                                                         new QuorelScript::IncludeRuleList));
 }
+
+// "prune if" and `levels` nested pairs of parentheses around a condition.
+std::string pruneNested(int levels) {
+    return "prune if " + std::string(levels, '(') + "a exists" + std::string(levels, ')');
+}
+
+const char* const nestingMessage = "The condition nests deeper than 50 levels.\n";
 
 } // namespace
 
@@ -257,4 +266,47 @@ TEST(Parser, ErrorMessageFlushesAtEachOfItsThreeLineEnds) {
     parser.setErrorSink(&sink);
     parser.parse("bad\n");
     EXPECT_EQ(3, buffer.flushes);
+}
+
+TEST(Parser, ParenthesesNestedDeeperThanTheLimitAreASyntaxErrorThatSaysSo) {
+    ASSERT_EQ(50, QuorelScript::ParserImpl::nestingLimit);
+    const std::string tooDeep = pruneNested(QuorelScript::ParserImpl::nestingLimit + 1);
+    Parser parser;
+    std::ostringstream errors;
+    parser.setErrorSink(&errors);
+    EXPECT_EQ(nullptr, parser.parse(("exclude if true\n" + tooDeep + "\nexclude if false\n").c_str()));
+    EXPECT_EQ(syntaxErrorMessage("<anonymous script>", 2, tooDeep) + nestingMessage, errors.str());
+}
+
+TEST(Parser, ParenthesesNestedToTheLimitAreAccepted) {
+    Parser parser;
+    std::ostringstream errors;
+    parser.setErrorSink(&errors);
+    std::unique_ptr<Rules> rules(parser.parse((pruneNested(QuorelScript::ParserImpl::nestingLimit) + "\n").c_str()));
+    ASSERT_NE(nullptr, rules);
+    EXPECT_EQ("\tprune if exists(a)\n\n", printed(*rules));
+    EXPECT_EQ("", errors.str());
+}
+
+TEST(Parser, ParenthesesNestedTooDeepAddNothingToACallersRuleSet) {
+    const std::string tooDeep = pruneNested(QuorelScript::ParserImpl::nestingLimit + 1);
+    Parser parser;
+    std::ostringstream errors;
+    parser.setErrorSink(&errors);
+    std::unique_ptr<ParsedRules> rules = emptyRuleSet();
+    parser.parse(rules.get(), "prune if b exists\n");
+    parser.parse(rules.get(), (tooDeep + "\n").c_str());
+    EXPECT_EQ("\n\tprune if exists(b)\n\n\n", printed(*rules));
+    EXPECT_EQ(syntaxErrorMessage("<anonymous script>", 1, tooDeep) + nestingMessage, errors.str());
+}
+
+// Each parse says only what stopped it.
+TEST(Parser, OnlyAParseThatNestedTooDeepSaysSo) {
+    Parser parser;
+    std::ostringstream errors;
+    parser.setErrorSink(&errors);
+    parser.parse((pruneNested(QuorelScript::ParserImpl::nestingLimit + 1) + "\n").c_str());
+    errors.str("");
+    parser.parse("bad\n");
+    EXPECT_EQ(syntaxErrorMessage("<anonymous script>", 1, "bad"), errors.str());
 }

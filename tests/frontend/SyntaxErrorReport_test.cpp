@@ -4,6 +4,7 @@
 
 #include <sstream>
 
+using QuorelScript::reportNestingTooDeep;
 using QuorelScript::reportSyntaxError;
 
 namespace {
@@ -38,4 +39,10 @@ TEST(SyntaxErrorReport, EmptyRest) {
 
 TEST(SyntaxErrorReport, WithoutSource) {
     EXPECT_EQ("Syntax error in quorel rules script (n) at line 3:\n<source unavailable>\n\n", reported(nullptr, 3));
+}
+
+TEST(SyntaxErrorReport, NestingTooDeepIsOneLine) {
+    std::ostringstream out;
+    reportNestingTooDeep(out, 50);
+    EXPECT_EQ("The condition nests deeper than 50 levels.\n", out.str());
 }

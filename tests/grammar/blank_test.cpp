@@ -50,3 +50,25 @@ TEST(Blank, TrailingCommentEndsAStatement) {
 TEST(Blank, HashIsNoComment) {
     EXPECT_EQ(syntaxError, printed("# not a comment\n"));
 }
+
+// Three dots and a comment inside a comment continue it: the inner comment
+// runs to its line end, then the outer one goes on over the next line.
+TEST(Blank, EveryContinuedCommentInsideACommentTakesOneMoreLine) {
+    EXPECT_EQ(excluding("exists(c)"), printed("% a ...% b ...%\nnot a rule\nnor this\nexclude if c exists\n"));
+    EXPECT_EQ(syntaxError, printed("% a ...% b ...%\nnot a rule\nexclude if c exists\nbut this\n"));
+}
+
+TEST(Blank, ContinuedCommentsInsideACommentCountEveryLine) {
+    QuorelScript::ParserImpl impl;
+    ASSERT_TRUE(matchAll(impl, "% ... ...% ...\n x\n ...%\r\n\nexclude if a exists\n"));
+    EXPECT_EQ(std::vector<std::string>{"<anonymous script>, line 5: \nexclude if a exists"},
+              ruleNames<QuorelScript::ExcludeRule>(impl));
+}
+
+TEST(Blank, TheEndOfTheTextEndsEveryContinuedComment) {
+    EXPECT_EQ(excluding("exists(a)"), printed("exclude if a exists % x ...%...% y ...%"));
+}
+
+TEST(Blank, ContinuedCommentInAContinuation) {
+    EXPECT_EQ(excluding("and(exists(a),exists(b))"), printed("exclude if a exists and ...% x ...%\n\n b exists\n"));
+}

@@ -66,3 +66,41 @@ TEST(BooleanExpression, OnlyTwoOperandNodesAreBuilt) {
     EXPECT_EQ(excluding("and(exists(a),and(exists(b),and(exists(c),exists(d))))"),
               excludeIf("a exists and b exists and c exists and d exists"));
 }
+
+namespace {
+
+// `condition` inside `levels` nested pairs of parentheses.
+std::string nestedIn(int levels, const std::string& condition) {
+    return std::string(levels, '(') + condition + std::string(levels, ')');
+}
+
+} // namespace
+
+TEST(BooleanExpression, ParenthesesNestUpToTheLimit) {
+    const int limit = QuorelScript::ParserImpl::nestingLimit;
+    EXPECT_EQ(excluding("exists(a)"), excludeIf(nestedIn(limit, "a exists")));
+    EXPECT_EQ(excluding("not(and(exists(a),exists(b)))"),
+              excludeIf("not " + nestedIn(limit, "a exists and b exists")));
+    EXPECT_EQ(syntaxError, excludeIf(nestedIn(limit + 1, "a exists")));
+}
+
+TEST(BooleanExpression, TheParserRecordsWhenTheLimitTurnedParenthesesDown) {
+    const int limit = QuorelScript::ParserImpl::nestingLimit;
+    QuorelScript::ParserImpl impl;
+    EXPECT_FALSE(matchAll(impl, "exclude if " + nestedIn(limit + 1, "a exists") + "\n"));
+    EXPECT_TRUE(impl.nestedTooDeep());
+    EXPECT_TRUE(matchAll(impl, "exclude if " + nestedIn(limit, "a exists") + "\n"));
+    EXPECT_FALSE(impl.nestedTooDeep());
+    EXPECT_FALSE(matchAll(impl, "exclude if " + nestedIn(limit, "a exists") + " junk\n"));
+    EXPECT_FALSE(impl.nestedTooDeep());
+}
+
+// The limit is on how many parentheses are open at once, not on how many a
+// condition holds.
+TEST(BooleanExpression, ParenthesesSideBySideDoNotAddUp) {
+    const int limit = QuorelScript::ParserImpl::nestingLimit;
+    std::string condition = nestedIn(limit, "a exists");
+    for (int i = 0; i < 3; ++i)
+        condition += " and " + nestedIn(limit, "a exists");
+    EXPECT_EQ(excluding("and(exists(a),and(exists(a),and(exists(a),exists(a))))"), excludeIf(condition));
+}

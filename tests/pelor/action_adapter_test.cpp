@@ -96,15 +96,6 @@ TEST(ActionAdapter, ActionsRunAsTheirSubjectsFinish)
     EXPECT_EQ(log, (Log{"1:a", "2:b"}));
 }
 
-class Throwing {
-public:
-    template <class Iterator>
-    void operator()(Iterator, Iterator) const
-    {
-        throw std::runtime_error("from the action");
-    }
-};
-
 TEST(ActionAdapter, ExceptionsFromTheActionPassThroughLeavingThePosition)
 {
     const std::string text = "ab";

@@ -69,6 +69,10 @@ TEST(Construction, NothingButTheRuleBodyIsPolymorphic)
     EXPECT_FALSE(std::is_polymorphic<Reference>::value);
     EXPECT_FALSE(std::is_polymorphic<Body>::value);
     EXPECT_FALSE((std::is_polymorphic<pelor::action_adapter<Body, void (*)(const char*, const char*)>>::value));
+    EXPECT_FALSE((std::is_polymorphic<pelor::chain_adapter<Body, Char, void (*)(const char*, const char*)>>::value));
+    EXPECT_FALSE((std::is_polymorphic<pelor::balanced_adapter<Char, Body, Reference>>::value));
+    EXPECT_FALSE(std::is_polymorphic<pelor::nesting_adapter<Body>>::value);
+    EXPECT_FALSE(std::is_polymorphic<pelor::nesting_depth>::value);
     using Predicate = pelor::or_char_predicate<pelor::alnum, pelor::not_char_predicate<pelor::word_char>>;
     EXPECT_FALSE(std::is_polymorphic<Predicate>::value);
     EXPECT_FALSE(std::is_polymorphic<pelor::alpha>::value);

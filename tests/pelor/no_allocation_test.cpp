@@ -37,13 +37,15 @@ private:
     int* calls_;
 };
 
-// Statements of the form "let name = value;", "print name;" or
-// "print_every_value;", with blanks and newlines between them. The last
-// keyword is longer than any string kept inside a std::string object, so a
-// literal that copied the input to compare it would be caught allocating.
+// Statements of the form "let name = value;", "print name, name, ...;" or
+// "print_every_value;", with blanks, newlines and comments between them; a
+// name may stand in parentheses, a few levels deep, and a comment's "{"
+// makes it run on to one more line end. The last keyword is longer than any
+// string kept inside a std::string object, so a literal that copied the input
+// to compare it would be caught allocating.
 class StatementGrammar {
 public:
-    StatementGrammar()
+    StatementGrammar() : depth(4)
     {
         using pelor::char_class;
         using pelor::exact_char;
@@ -55,15 +57,22 @@ public:
             or_char_predicate<exact_char, exact_char>(' ', '\t'));
         blank = pelor::zero_or_more(blankChar);
         newline = (lit("\r\n") | ch('\n'))[Tally(lines)];
-        name = char_class<pelor::alpha>() >> pelor::zero_or_more(char_class<pelor::alnum>());
+        name = (char_class<pelor::alpha>() >> pelor::zero_or_more(char_class<pelor::alnum>())) |
+               (ch('(') >> pelor::nested(depth, ref<rule>(name)) >> ch(')'));
         value = pelor::one_or_more(char_class<not_char_predicate<exact_char>>(not_char_predicate<exact_char>(';')));
         let = lit("let") >> boundary >> ref<rule>(blank) >> ref<rule>(name) >> ref<rule>(blank) >> ch('=') >>
               ref<rule>(blank) >> ref<rule>(value);
         print = lit("print_every_value") >> boundary |
-                lit("print") >> boundary >> ref<rule>(blank) >> ref<rule>(name);
+                lit("print") >> boundary >> ref<rule>(blank) >>
+                    pelor::chain(ref<rule>(name), ref<rule>(blank) >> ch(',') >> ref<rule>(blank) >> ref<rule>(name),
+                                 Tally(names));
+        comment = ch('#') >> pelor::balanced(ch('{'), char_class<not_char_predicate<exact_char>>(
+                                                          not_char_predicate<exact_char>('\n')),
+                                             ref<rule>(newline));
         statement = pelor::epsilon()[Tally(statementsTried)] >>
                     ((ref<rule>(let) | ref<rule>(print)) >> pelor::optional(ref<rule>(blank)) >> ch(';'))[Tally(statements)];
-        script = pelor::zero_or_more(ref<rule>(statement) | ref<rule>(newline) | pelor::one_or_more(blankChar)) >>
+        script = pelor::zero_or_more(ref<rule>(statement) | ref<rule>(newline) | pelor::one_or_more(blankChar) |
+                                     ref<rule>(comment)) >>
                  pelor::repeat<1, 2>(pelor::end_of_input());
     }
 
@@ -74,8 +83,11 @@ public:
     rule let;
     rule print;
     rule statement;
+    rule comment;
     rule script;
+    pelor::nesting_depth depth;
     int lines = 0;
+    int names = 0;
     int statements = 0;
     int statementsTried = 0;
 };
@@ -86,7 +98,7 @@ std::string longScript()
 {
     std::string text;
     for (int i = 0; i < repetitions; ++i) {
-        text += "let x1 = some value;\r\n\tprint x1 ; print_every_value;\n";
+        text += "let x1 = some value;\r\n\tprint x1 , ((y)), z ; print_every_value;#{ see\nbelow\n";
     }
     return text;
 }
@@ -96,6 +108,7 @@ void expectNoAllocation(StatementGrammar& grammar, Iterator begin, Iterator end)
 {
     grammar.lines = 0;
     grammar.statements = 0;
+    grammar.names = 0;
     Iterator pos = begin;
     const std::size_t before = ReplacedAllocator::count();
     const bool matched = grammar.script.body()->parse(pos, end);
@@ -103,8 +116,9 @@ void expectNoAllocation(StatementGrammar& grammar, Iterator begin, Iterator end)
     EXPECT_EQ(after, before);
     EXPECT_TRUE(matched);
     EXPECT_TRUE(pos == end);
-    EXPECT_EQ(grammar.lines, 2 * repetitions);
+    EXPECT_EQ(grammar.lines, 3 * repetitions);
     EXPECT_EQ(grammar.statements, 3 * repetitions);
+    EXPECT_EQ(grammar.names, 2 * repetitions);
 }
 
 TEST(NoAllocation, CountingSeesAllocations)
@@ -133,6 +147,7 @@ TEST(NoAllocation, MatchingAllocatesNothing)
     EXPECT_TRUE(matched);
     EXPECT_EQ(pos, text.data() + text.size());
     EXPECT_EQ(grammar.statements, 3 * repetitions);
+    EXPECT_EQ(grammar.names, 2 * repetitions);
     EXPECT_GT(grammar.statementsTried, grammar.statements);
 
     const char* const constBegin = text.data();
@@ -145,13 +160,14 @@ TEST(NoAllocation, MatchingAllocatesNothing)
 TEST(NoAllocation, FailingAndBacktrackingAllocateNothing)
 {
     StatementGrammar grammar;
-    std::string text = longScript() + "let = ;";
+    std::string text = longScript() + "print (((((too deep)))));";
     const char* pos = text.data();
     const std::size_t before = ReplacedAllocator::count();
     const bool matched = grammar.script.match(pos, text.data() + text.size());
     EXPECT_EQ(ReplacedAllocator::count(), before);
     EXPECT_FALSE(matched);
     EXPECT_EQ(pos, text.data());
+    EXPECT_TRUE(grammar.depth.exceeded());
 }
 
 // Assigns `body` to `target` while only `allowed` allocations may succeed;

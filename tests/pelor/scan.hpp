@@ -3,6 +3,8 @@
 
 #include <cstddef>
 #include <ostream>
+#include <random>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -81,5 +83,26 @@ public:
 private:
     int* calls_;
 };
+
+// An action that throws std::runtime_error.
+class Throwing {
+public:
+    template <class Iterator>
+    void operator()(Iterator, Iterator) const
+    {
+        throw std::runtime_error("from the action");
+    }
+};
+
+// A text of up to `longest` bytes drawn from `alphabet`.
+inline std::string randomText(std::mt19937& random, const std::string& alphabet, std::size_t longest)
+{
+    std::uniform_int_distribution<std::size_t> pick(0, alphabet.size() - 1);
+    std::string text(std::uniform_int_distribution<std::size_t>(0, longest)(random), ' ');
+    for (char& byte : text) {
+        byte = alphabet[pick(random)];
+    }
+    return text;
+}
 
 #endif

@@ -1,0 +1,153 @@
+#include "expr/JunctionChain.hpp"
+
+#include "expr/AndExpression.hpp"
+#include "expr/OrExpression.hpp"
+
+#include <cstddef>
+#include <memory>
+#include <ostream>
+#include <type_traits>
+#include <typeinfo>
+
+namespace QuorelScript {
+
+namespace {
+
+// `node` as a T, if that is its exact type; else null.
+template <class T, class Node>
+T* exactly(Node* node) {
+    return node != nullptr && typeid(*node) == typeid(T) ? static_cast<T*>(node) : nullptr;
+}
+
+// One link of a chain, whichever of the two kinds it is; false when the node
+// it was made from is no link. `Node` is Expression<bool>, or a const one
+// for the walks that change nothing.
+template <class Node>
+class Link {
+    template <class T>
+    using Like = std::conditional_t<std::is_const<Node>::value, const T, T>;
+
+public:
+    explicit Link(Node* node) : and_(exactly<Like<AndExpression>>(node)), or_(exactly<Like<OrExpression>>(node)) {}
+
+    explicit operator bool() const { return and_ != nullptr || or_ != nullptr; }
+
+    Expression<bool>* left() const { return and_ != nullptr ? and_->left() : or_->left(); }
+    Expression<bool>* right() const { return and_ != nullptr ? and_->right() : or_->right(); }
+
+    // The value of the left operand that settles the link without the right one.
+    bool decisive() const { return and_ != nullptr ? AndExpression::decisive : OrExpression::decisive; }
+    const char* opening() const { return and_ != nullptr ? AndExpression::opening : OrExpression::opening; }
+
+    Expression<bool>* releaseRight() const { return and_ != nullptr ? and_->releaseRight() : or_->releaseRight(); }
+    void adoptRight(Expression<bool>* right) const {
+        if (and_ != nullptr)
+            and_->adoptRight(right);
+        else
+            or_->adoptRight(right);
+    }
+
+    // A new link of the same kind holding a copy of the left operand and no
+    // right operand yet.
+    Expression<bool>* copyWithoutRight() const {
+        std::unique_ptr<Expression<bool>> leftCopy(left()->clone());
+        Expression<bool>* copy = and_ != nullptr ? static_cast<Expression<bool>*>(new AndExpression(leftCopy.get(), nullptr))
+                                                 : new OrExpression(leftCopy.get(), nullptr);
+        leftCopy.release();
+        return copy;
+    }
+
+private:
+    Like<AndExpression>* and_;
+    Like<OrExpression>* or_;
+};
+
+typedef Link<const Expression<bool>> ReadLink;
+typedef Link<Expression<bool>> WriteLink;
+
+} // namespace
+
+bool evaluateChain(const Expression<bool>& first, const Bindings& bindings) {
+    const Expression<bool>* node = &first;
+    for (ReadLink link(node); link; link = ReadLink(node)) {
+        if (link.left()->evaluate(bindings) == link.decisive())
+            return link.decisive();
+        node = link.right();
+    }
+    return node->evaluate(bindings);
+}
+
+// The copy is built from the top: each link's copy is hung under the one
+// before it as soon as it exists, so the first copy owns all that was made
+// whenever a copy fails.
+Expression<bool>* cloneChain(const Expression<bool>& first) {
+    std::unique_ptr<Expression<bool>> copy;
+    Expression<bool>* lastCopied = nullptr;
+    const Expression<bool>* node = &first;
+    for (ReadLink link(node); link; link = ReadLink(node)) {
+        Expression<bool>* linkCopy = link.copyWithoutRight();
+        if (lastCopied == nullptr)
+            copy.reset(linkCopy);
+        else
+            WriteLink(lastCopied).adoptRight(linkCopy);
+        lastCopied = linkCopy;
+        node = link.right();
+    }
+    WriteLink(lastCopied).adoptRight(node->clone());
+    return copy.release();
+}
+
+std::ostream& printChain(const Expression<bool>& first, std::ostream& out) {
+    const Expression<bool>* node = &first;
+    std::size_t open = 0;
+    for (ReadLink link(node); link; link = ReadLink(node)) {
+        link.left()->print(out << link.opening()) << ',';
+        node = link.right();
+        ++open;
+    }
+    node->print(out);
+    for (; open > 0; --open)
+        out << ')';
+    return out;
+}
+
+bool chainHasVariables(const Expression<bool>& first) {
+    const Expression<bool>* node = &first;
+    for (ReadLink link(node); link; link = ReadLink(node)) {
+        if (link.left()->hasVariables())
+            return true;
+        node = link.right();
+    }
+    return node->hasVariables();
+}
+
+void substituteChain(Expression<bool>& first, const Bindings& bindings) {
+    Expression<bool>* node = &first;
+    for (WriteLink link(node); link; link = WriteLink(node)) {
+        link.left()->substituteVariables(bindings);
+        node = link.right();
+    }
+    node->substituteVariables(bindings);
+}
+
+// On the way down each link's right operand is turned round to point at the
+// link above it, so that the way back up needs no stack either. Every link
+// is deleted with no right operand left, so its own destructor does not walk
+// again; its base deletes its left operand.
+void deleteChain(Expression<bool>* rest) {
+    Expression<bool>* above = nullptr;
+    for (WriteLink link(rest); link; link = WriteLink(rest)) {
+        Expression<bool>* below = link.releaseRight();
+        link.adoptRight(above);
+        above = rest;
+        rest = below;
+    }
+    delete rest;
+    while (above != nullptr) {
+        Expression<bool>* next = WriteLink(above).releaseRight();
+        delete above;
+        above = next;
+    }
+}
+
+} // namespace QuorelScript

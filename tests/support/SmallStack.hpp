@@ -1,0 +1,57 @@
+#ifndef QXQRSCRIPT_TESTS_SMALLSTACK_HPP
+#define QXQRSCRIPT_TESTS_SMALLSTACK_HPP
+
+#include <pthread.h>
+
+#include <cstddef>
+#include <exception>
+#include <functional>
+#include <stdexcept>
+
+// Runs work on a stack of a fixed, small size, as a host's worker thread
+// would: whatever recursed deeper than that stack allows would crash there.
+namespace SmallStack {
+
+// The stack of the worker threads the library is meant to work in.
+const std::size_t workerBytes = 256 * 1024;
+
+namespace detail {
+
+struct Job {
+    const std::function<void()>* work;
+    std::exception_ptr failure;
+};
+
+inline void* runJob(void* argument) {
+    Job& job = *static_cast<Job*>(argument);
+    try {
+        (*job.work)();
+    } catch (...) {
+        job.failure = std::current_exception();
+    }
+    return nullptr;
+}
+
+} // namespace detail
+
+// Runs `work` to its end in a new thread with a stack of `bytes`, and waits
+// for it. An exception that leaves `work` is thrown again here.
+inline void run(const std::function<void()>& work, std::size_t bytes = workerBytes) {
+    pthread_attr_t attributes;
+    if (pthread_attr_init(&attributes) != 0)
+        throw std::runtime_error("cannot set up a thread");
+    detail::Job job{&work, nullptr};
+    pthread_t thread;
+    const bool started = pthread_attr_setstacksize(&attributes, bytes) == 0 &&
+                         pthread_create(&thread, &attributes, detail::runJob, &job) == 0;
+    pthread_attr_destroy(&attributes);
+    if (!started)
+        throw std::runtime_error("cannot start a thread with that stack");
+    pthread_join(thread, nullptr);
+    if (job.failure)
+        std::rethrow_exception(job.failure);
+}
+
+} // namespace SmallStack
+
+#endif
