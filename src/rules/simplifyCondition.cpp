@@ -12,6 +12,7 @@
 #include <iterator>
 #include <memory>
 #include <typeinfo>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -47,8 +48,39 @@ bool isA(const Expression<bool>& node) {
     return typeid(node) == typeid(Node);
 }
 
+// The nodes that a rewrite has already returned and that a second rewrite
+// would return unchanged, asking nothing of the host. The rewrite of a node
+// simplifies its operands, and then, as the rule has it, simplifies them
+// again; remembering which ones need nothing more keeps that from doubling
+// the work at every level of nesting. Kept while one rewrite runs.
+class SimplifiedNodes {
+public:
+    // The set of the rewrite that is running, if one is.
+    static SimplifiedNodes*& current() {
+        thread_local SimplifiedNodes* running = nullptr;
+        return running;
+    }
+
+    bool contains(const Expression<bool>* node) const { return nodes_.count(node) != 0; }
+    void add(const Expression<bool>* node) { nodes_.insert(node); }
+    // A node made during the rewrite may take the place of a freed one.
+    void forget(const Expression<bool>* node) { nodes_.erase(node); }
+
+private:
+    std::unordered_set<const Expression<bool>*> nodes_;
+};
+
+// Makes a node of the rewrite's own, which is not simplified yet.
+template <class Node, class... Arguments>
+Node* made(Arguments... arguments) {
+    Node* node = new Node(arguments...);
+    if (SimplifiedNodes* simplified = SimplifiedNodes::current())
+        simplified->forget(node);
+    return node;
+}
+
 Expression<bool>* literal(bool value) {
-    return new BooleanLiteral(value);
+    return made<BooleanLiteral>(value);
 }
 
 // The value of a condition without variables, which depends on nothing the
@@ -60,7 +92,7 @@ bool valueOf(const Expression<bool>& condition) {
 // A new not over `operand`, which it owns also when the allocation fails.
 Expression<bool>* negated(Expression<bool>* operand) {
     Owned owned(operand);
-    Expression<bool>* node = new NotExpression<bool>(owned.get());
+    Expression<bool>* node = made<NotExpression<bool>>(owned.get());
     owned.release();
     return node;
 }
@@ -204,7 +236,7 @@ Expression<bool>* simplifyJunction(std::unique_ptr<Multi> node) {
 
 template <class Multi>
 Expression<bool>* simplifyBinaryJunction(Owned binary) {
-    std::unique_ptr<Multi> node(new Multi);
+    std::unique_ptr<Multi> node(made<Multi>());
     appendSpliced(*node, std::move(binary));
     return simplifyJunction(std::move(node));
 }
@@ -226,7 +258,32 @@ std::unique_ptr<Node> taken(Owned& condition) {
 
 } // namespace
 
-Expression<bool>* simplifyCondition(Expression<bool>* condition) {
+namespace {
+
+// A rewrite again of what a rewrite returned gives it back unchanged when
+// nothing in it would be spliced, distributed or rewritten: a literal, a
+// node of another kind, a not over such a node, or an n-ary node over such
+// nodes of which none is of its own kind or a negation of the other kind.
+template <class Multi>
+bool isStableJunction(const Multi& node, const SimplifiedNodes& simplified) {
+    typedef typename Junction<Multi>::Dual Dual;
+    for (Expression<bool>* operand : node.operands())
+        if (!simplified.contains(operand) || isA<Multi>(*operand) || negatedNode<Dual>(*operand) != nullptr)
+            return false;
+    return true;
+}
+
+bool isStable(const Expression<bool>& node, const SimplifiedNodes& simplified) {
+    if (isA<NotExpression<bool>>(node))
+        return simplified.contains(static_cast<const NotExpression<bool>&>(node).operand());
+    if (isA<MultiAndExpression>(node))
+        return isStableJunction(static_cast<const MultiAndExpression&>(node), simplified);
+    if (isA<MultiOrExpression>(node))
+        return isStableJunction(static_cast<const MultiOrExpression&>(node), simplified);
+    return !isA<AndExpression>(node) && !isA<OrExpression>(node);
+}
+
+Expression<bool>* rewrite(Expression<bool>* condition) {
     Owned owned(condition);
     const std::type_info& type = typeid(*condition);
     if (type == typeid(BooleanLiteral))
@@ -244,6 +301,27 @@ Expression<bool>* simplifyCondition(Expression<bool>* condition) {
     if (type == typeid(MultiOrExpression))
         return simplifyJunction(taken<MultiOrExpression>(owned));
     return owned.release();
+}
+
+} // namespace
+
+Expression<bool>* simplifyCondition(Expression<bool>* condition) {
+    SimplifiedNodes*& running = SimplifiedNodes::current();
+    if (running == nullptr) {
+        SimplifiedNodes simplified;
+        running = &simplified;
+        struct Finish {
+            SimplifiedNodes*& running;
+            ~Finish() { running = nullptr; }
+        } finish{running};
+        return simplifyCondition(condition);
+    }
+    if (running->contains(condition))
+        return condition;
+    Expression<bool>* simplified = rewrite(condition);
+    if (isStable(*simplified, *running))
+        running->add(simplified);
+    return simplified;
 }
 
 } // namespace QuorelScript
