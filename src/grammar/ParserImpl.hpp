@@ -51,7 +51,7 @@ public:
     // stays within a quarter-megabyte thread stack with room to spare, even
     // in a debugging build with address checks, where a level takes about
     // 3.6 KB.
-    static const int nestingLimit = 50;
+    static constexpr int nestingLimit = 50;
     // Whether the last text nested parentheses deeper than that.
     bool nestedTooDeep() const { return nesting_.exceeded(); }
 

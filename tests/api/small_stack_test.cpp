@@ -1,7 +1,7 @@
 // Everything the library accepts works in a host's worker thread with a
 // 256 KB stack: conditions nested as deep as the documented limit allows,
-// and what merely repeats (a chain of a million terms, a long run of
-// continuation lines, comments continued over and over, long lists) at
+// and what merely repeats (a chain of a million terms, a million
+// continuation lines, comments continued a million times, long lists) at
 // lengths where taking stack for every repetition would overrun it many
 // times. Each script is parsed, printed, queried, precomputed and deleted
 // on such a stack.
@@ -208,17 +208,17 @@ TEST(SmallStack, LongestContinuationRun) {
 // to close them all; the rule after them is the only one.
 TEST(SmallStack, LongestContinuedComments) {
     Script script;
-    script.text = "% first ...\n" + repeated("still the comment ...\n", 1000000) + "end\n" + "% second " +
+    script.text = "% first ...\n" + repeated("more ...\n", 1000000) + "end\n" + "% second " +
                   repeated("...%", 1000000) + repeated("\n", 1000001) + "include [$dir/$name.h] if $ext == .c\n";
     script.printed = "\tinclude [$dir/$name.h] if equals($ext,.c)\n\n";
     script.answers = Answers{false, false, 1};
     expectWorks(script, Precompute::yes);
 }
 
-// Lists of a hundred thousand paths and one more, the only one that is a
+// Lists of twenty thousand paths and one more, the only one that is a
 // prefix of the file.
-TEST(SmallStack, LongestLists) {
-    const int paths = 100000;
+TEST(SmallStack, LongLists) {
+    const int paths = 20000;
     std::string written;
     std::string printed;
     for (int i = 0; i < paths; ++i) {
