@@ -33,7 +33,6 @@ using pelor::at;
 using pelor::ch;
 using pelor::lit;
 using pelor::one_or_more;
-using pelor::optional;
 using pelor::zero_or_more;
 
 typedef pelor::ref<pelor::rule> Ref;
