@@ -318,10 +318,11 @@ Expression<bool>* simplifyCondition(Expression<bool>* condition) {
     }
     if (running->contains(condition))
         return condition;
-    Expression<bool>* simplified = rewrite(condition);
+    Owned simplified(rewrite(condition));
+    // Remembering may run out of memory too; the result is freed then.
     if (isStable(*simplified, *running))
-        running->add(simplified);
-    return simplified;
+        running->add(simplified.get());
+    return simplified.release();
 }
 
 } // namespace QuorelScript
