@@ -295,11 +295,12 @@ private:
 
     template <class Junction>
     static void append(CompiledConditions& operands, Compiled operand) {
-        if (typeid(*operand) != typeid(Junction)) {
+        CompiledCondition& node = *operand;
+        if (typeid(node) != typeid(Junction)) {
             operands.push_back(std::move(operand));
             return;
         }
-        CompiledConditions nested = static_cast<Junction&>(*operand).takeOperands();
+        CompiledConditions nested = static_cast<Junction&>(node).takeOperands();
         std::move(nested.begin(), nested.end(), std::back_inserter(operands));
     }
 
