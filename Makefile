@@ -3,6 +3,13 @@
 #   make test          ... and run every test
 #   make test-sanitize the same tests under AddressSanitizer and
 #                      UndefinedBehaviorSanitizer, in build-sanitize/
+#   make test-i386     every test of a 32-bit x86 build, in build-i386/
+#   make test-compilers  g++ and clang, C++17 and C++20, each warning-free
+#                      (see COMPILER_BUILDS below), in build-compiler-*/
+#   make abi-check     compares the library's interface, on x86_64 and on
+#                      i386, with the baseline in abi/; fails on a change
+#                      that breaks programs built against the baseline
+#   make abi-baseline  writes that baseline anew, from the same two builds
 #   make fuzz          fuzz the library with clang's libFuzzer, each target
 #                      for FUZZ_SECONDS seconds, in build-fuzz/
 #   make demo          run qxqr on the shipped example
@@ -11,47 +18,112 @@
 #                      targets; BENCH_ARGS=--benchmark_filter=REGEX runs a
 #                      part, QXQR_BENCH_SKIP_HUGE_NAME=1 leaves out the
 #                      query whose name is 1,000,000 slashes
-#   make install PREFIX=/some/where
+#   make install PREFIX=/some/where   the library and the tool, no tests
+#   make deb           Debian packages of the two install components, in
+#                      build-deb/
+#
+# Missing Debian packages are installed first, once for each set of them
+# (the stamps in build-deps/); NO_DEPS=1 leaves that out. Ninja builds when
+# it is installed, make otherwise (GENERATOR="Unix Makefiles" chooses).
 
 BUILD_DIR      ?= build
 SANITIZE_DIR   ?= build-sanitize
+I386_DIR       ?= build-i386
+I386_GTEST_DIR ?= build-i386-gtest
 FUZZ_DIR       ?= build-fuzz
 FUZZ_SECONDS   ?= 60
 FUZZ_TARGETS    = script file_reader
 BENCH_DIR      ?= build-bench
+DEB_DIR        ?= build-deb
 BENCH_ARGS     ?=
 BUILD_TYPE     ?= RelWithDebInfo
 PREFIX         ?= /usr/local
 JOBS           ?= $(shell nproc)
+GENERATOR      ?= $(if $(shell command -v ninja),Ninja,Unix Makefiles)
+DEPS_DIR        = build-deps
+ABI_DIR         = abi
+ABI_HEADERS     = include
+
+# Every build of CI: warnings are errors.
+CONFIGURE = cmake -S . -G "$(GENERATOR)" -DQXQR_WERROR=ON
 
 export ASAN_OPTIONS  = detect_leaks=1:abort_on_error=0:strict_string_checks=1
 export UBSAN_OPTIONS = print_stacktrace=1:halt_on_error=1
 
-.PHONY: all deps build test test-sanitize fuzz demo bench install clean
+.PHONY: all build test test-sanitize test-i386 test-compilers abi-check abi-baseline \
+        fuzz demo bench install deb clean
 
 all: build
 
-deps:
-	@scripts/install-deps.sh
+# deps-SET: the packages of that set (see scripts/install-deps.sh) are there.
+ifeq ($(NO_DEPS),1)
+deps-%: ;
+else
+deps-%: $(DEPS_DIR)/%.stamp ;
+endif
+$(DEPS_DIR)/%.stamp: scripts/install-deps.sh
+	@scripts/install-deps.sh $(patsubst build,,$*)
+	@mkdir -p $(DEPS_DIR) && touch $@
 
-build: deps
-	@cmake -S . -B $(BUILD_DIR) -G Ninja -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) >/dev/null
+build: deps-build
+	@$(CONFIGURE) -B $(BUILD_DIR) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) >/dev/null
 	@cmake --build $(BUILD_DIR) -j $(JOBS)
 
 test: build
-	ctest --test-dir $(BUILD_DIR) --output-on-failure -j $(JOBS)
+	cd $(BUILD_DIR) && ctest --output-on-failure -j $(JOBS)
 
-test-sanitize: deps
-	@cmake -S . -B $(SANITIZE_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DQXQR_SANITIZE=ON >/dev/null
+test-sanitize: deps-build
+	@$(CONFIGURE) -B $(SANITIZE_DIR) -DCMAKE_BUILD_TYPE=Debug -DQXQR_SANITIZE=ON >/dev/null
 	@cmake --build $(SANITIZE_DIR) -j $(JOBS)
-	ctest --test-dir $(SANITIZE_DIR) --output-on-failure -j $(JOBS)
+	cd $(SANITIZE_DIR) && ctest --output-on-failure -j $(JOBS)
+
+# GoogleTest has no 32-bit library among the 64-bit packages: it is built
+# from Debian's sources (/usr/src/googletest) with the same toolchain file.
+I386_TOOLCHAIN = -DCMAKE_TOOLCHAIN_FILE=$(CURDIR)/cmake/toolchains/i686-linux-gnu.cmake
+$(I386_GTEST_DIR)/prefix/include/gtest/gtest.h: | deps-i386
+	@cmake -S /usr/src/googletest -B $(I386_GTEST_DIR) -G "$(GENERATOR)" $(I386_TOOLCHAIN) \
+	    -DCMAKE_BUILD_TYPE=Release -DBUILD_GMOCK=OFF -DCMAKE_INSTALL_PREFIX=$(CURDIR)/$(I386_GTEST_DIR)/prefix >/dev/null
+	@cmake --build $(I386_GTEST_DIR) -j $(JOBS) >/dev/null
+	@cmake --install $(I386_GTEST_DIR) >/dev/null
+
+test-i386: deps-i386 $(I386_GTEST_DIR)/prefix/include/gtest/gtest.h
+	@$(CONFIGURE) -B $(I386_DIR) $(I386_TOOLCHAIN) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) \
+	    -DCMAKE_PREFIX_PATH=$(CURDIR)/$(I386_GTEST_DIR)/prefix >/dev/null
+	@cmake --build $(I386_DIR) -j $(JOBS)
+	cd $(I386_DIR) && ctest --output-on-failure -j $(JOBS)
+
+# Each build is NAME:COMPILER:STANDARD:WHAT[:LAYOUT] (see
+# scripts/compiler-build.sh): WHAT "tests" builds everything and runs every
+# test, "library" builds what is installed and runs the installed package's
+# consumer test only; LAYOUT installs with an absolute libdir ("absolute"),
+# and a static library ("static"). g++ 12 with C++17 is the build of
+# `make test` and `make test-i386`.
+COMPILER_BUILDS ?= clang17:clang++-14:17:library:static gcc20:g++-12:20:tests:absolute clang20:clang++-14:20:tests
+test-compilers: deps-build deps-compilers
+	@for build in $(COMPILER_BUILDS); do \
+	    scripts/compiler-build.sh "$(GENERATOR)" $(JOBS) $$build || exit 1; \
+	done
+
+abi-check: deps-abi build test-i386-library
+	scripts/abi.sh check $(BUILD_DIR) $(ABI_DIR)/libqxqrscript.so.1.abi
+	scripts/abi.sh check $(I386_DIR) $(ABI_DIR)/libqxqrscript.so.1.i386.abi
+
+abi-baseline: deps-abi build test-i386-library
+	scripts/abi.sh write $(BUILD_DIR) $(ABI_DIR)/libqxqrscript.so.1.abi
+	scripts/abi.sh write $(I386_DIR) $(ABI_DIR)/libqxqrscript.so.1.i386.abi
+
+# Only what abi-check needs of the 32-bit build.
+.PHONY: test-i386-library
+test-i386-library: deps-i386 $(I386_GTEST_DIR)/prefix/include/gtest/gtest.h
+	@$(CONFIGURE) -B $(I386_DIR) $(I386_TOOLCHAIN) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) \
+	    -DCMAKE_PREFIX_PATH=$(CURDIR)/$(I386_GTEST_DIR)/prefix >/dev/null
+	@cmake --build $(I386_DIR) -j $(JOBS) --target qxqrscript
 
 # Only the library and the fuzz targets, with clang; clang is installed for
 # this target alone.
-fuzz:
-	@scripts/install-deps.sh fuzz
-	@cmake -S . -B $(FUZZ_DIR) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
-	    -DQXQR_FUZZ=ON -DBUILD_TESTING=OFF -DQXQR_BUILD_TOOLS=OFF >/dev/null
+fuzz: deps-fuzz
+	@$(CONFIGURE) -B $(FUZZ_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
+	    -DQXQR_FUZZ=ON -DQXQR_BUILD_TESTS=OFF -DQXQR_BUILD_TOOLS=OFF >/dev/null
 	@cmake --build $(FUZZ_DIR) -j $(JOBS) --target $(addprefix fuzz_,$(FUZZ_TARGETS))
 	@for target in $(FUZZ_TARGETS); do fuzz/run.sh $(FUZZ_DIR) $$target $(FUZZ_SECONDS) || exit 1; done
 
@@ -60,14 +132,24 @@ demo: build
 	    examples/demo.rules -- examples/demo/project/src/main.c
 
 # Benchmarks need an optimised build of their own and are no part of `make test`.
-bench:
-	@scripts/install-deps.sh bench
-	@cmake -S . -B $(BENCH_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=OFF -DQXQR_BUILD_BENCH=ON >/dev/null
+bench: deps-bench
+	@$(CONFIGURE) -B $(BENCH_DIR) -DCMAKE_BUILD_TYPE=Release -DQXQR_BUILD_TESTS=OFF -DQXQR_BUILD_BENCH=ON >/dev/null
 	@cmake --build $(BENCH_DIR) -j $(JOBS) --target qxqr_bench
 	$(BENCH_DIR)/bench/qxqr_bench $(BENCH_ARGS)
 
-install: build
-	cmake --install $(BUILD_DIR) --prefix $(PREFIX)
+# What is installed, and nothing else, is built first.
+install: deps-build
+	@$(CONFIGURE) -B $(BUILD_DIR) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) -DCMAKE_INSTALL_PREFIX=$(PREFIX) >/dev/null
+	@cmake --build $(BUILD_DIR) -j $(JOBS) --target installed_files
+	cmake --install $(BUILD_DIR)
+
+# A release build of its own, installed to /usr, without tests.
+deb: deps-build
+	@$(CONFIGURE) -B $(DEB_DIR) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) -DCMAKE_INSTALL_PREFIX=/usr \
+	    -DQXQR_BUILD_TESTS=OFF >/dev/null
+	@cmake --build $(DEB_DIR) -j $(JOBS)
+	cd $(DEB_DIR) && cpack -G DEB
 
 clean:
-	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(FUZZ_DIR) $(BENCH_DIR)
+	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(I386_DIR) $(I386_GTEST_DIR) $(FUZZ_DIR) $(BENCH_DIR) $(DEB_DIR) \
+	    build-compiler-* $(DEPS_DIR)

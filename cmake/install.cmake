@@ -1,13 +1,21 @@
-# Installation: the shared library, the public headers, a CMake package
-# (qxqrscript::qxqrscript) with its version file, and a pkg-config file.
+# Installation, in two components:
+#   runtime      the shared library (libqxqrscript.so.1*), the qxqr tool with
+#                its manual page and shell completion, the licence and the
+#                documents
+#   development  the public headers, the library's link name (or the static
+#                library), a CMake package (qxqrscript::qxqrscript) with its
+#                version file, and a pkg-config file
+# `cmake --install BUILD --component runtime` installs one of them.
 include(CMakePackageConfigHelpers)
 
 install(TARGETS qxqrscript EXPORT qxqrscriptTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
     INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+    COMPONENT development)
 install(EXPORT qxqrscriptTargets NAMESPACE qxqrscript::
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/qxqrscript)
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/qxqrscript COMPONENT development)
 
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/qxqrscriptConfig.cmake.in
     ${PROJECT_BINARY_DIR}/qxqrscriptConfig.cmake
@@ -16,10 +24,33 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/qxqrscriptConfigVersion.c
     COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/qxqrscriptConfig.cmake
               ${PROJECT_BINARY_DIR}/qxqrscriptConfigVersion.cmake
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/qxqrscript)
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/qxqrscript COMPONENT development)
 
-# The .pc file finds the prefix relative to itself, so that an installed
-# tree may be moved.
-file(RELATIVE_PATH QXQR_PC_TO_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
-configure_file(${PROJECT_SOURCE_DIR}/cmake/qxqrscript.pc.in ${PROJECT_BINARY_DIR}/qxqrscript.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/qxqrscript.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+include(${CMAKE_CURRENT_LIST_DIR}/PkgConfigFile.cmake)
+
+if(TARGET qxqr)
+    include(${CMAKE_CURRENT_LIST_DIR}/ToolRunPath.cmake)
+    install(TARGETS qxqr RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
+    if(TARGET qxqr_manual)
+        install(FILES ${PROJECT_BINARY_DIR}/qxqr.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT runtime)
+    endif()
+    install(FILES ${PROJECT_SOURCE_DIR}/tools/completion/qxqr.bash
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+        RENAME qxqr COMPONENT runtime)
+endif()
+
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/README.md
+              ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/CONTRIBUTING.md
+    DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT runtime)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
+    COMPONENT runtime FILES_MATCHING PATTERN "*.md")
+
+# What the rules above install, and nothing else (make install builds it).
+add_custom_target(installed_files)
+add_dependencies(installed_files qxqrscript)
+if(TARGET qxqr)
+    add_dependencies(installed_files qxqr)
+endif()
+if(TARGET qxqr_manual)
+    add_dependencies(installed_files qxqr_manual)
+endif()

@@ -3,15 +3,23 @@
 #   scripts/install-deps.sh         what the build and the tests need
 #   scripts/install-deps.sh fuzz    that and what the fuzzing build needs
 #   scripts/install-deps.sh bench   that and what the benchmark suite needs
+#   scripts/install-deps.sh i386    that and what the 32-bit x86 build needs
+#   scripts/install-deps.sh abi     that and what the interface check needs
+#   scripts/install-deps.sh compilers  that and the second compiler of CI
 # Quiet and quick when everything is present; the package lists are only
 # refreshed when something has to be installed.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ make pkg-config python3 libboost-dev libgtest-dev libcli11-dev nlohmann-json3-dev)
+packages=(cmake ninja-build g++ make pkg-config python3 help2man libboost-dev libgtest-dev libcli11-dev nlohmann-json3-dev)
 case "${1:-}" in
     # clang, with its fuzzer and sanitizer runtimes (libclang_rt.fuzzer and the others).
     fuzz) packages+=(clang libclang-rt-dev) ;;
     bench) packages+=(libbenchmark-dev) ;;
+    # The 32-bit C and C++ libraries for g++ -m32, and GoogleTest's sources
+    # (/usr/src/googletest), built for i386 by `make test-i386`.
+    i386) packages+=(g++-multilib googletest) ;;
+    abi) packages+=(abigail-tools) ;;
+    compilers) packages+=(g++-12 clang-14) ;;
 esac
 
 missing=()

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Compares every name that the library exports with the expected list
-# (mangled names, one a line, so that each destructor variant counts).
+# (mangled names, one a line, so that each destructor variant counts, each
+# with its version: "@@QXQRSCRIPT_1.0", and the version node itself).
 set -euo pipefail
 library=$1
 expected=$2

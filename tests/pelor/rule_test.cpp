@@ -1,4 +1,5 @@
 #include "pelor/pelor.hpp"
+#include "DynamicType.hpp"
 #include "scan.hpp"
 
 #include <gtest/gtest.h>
@@ -109,7 +110,7 @@ TEST(Rule, BodiesOfTheSameShapeShareOneInstantiation)
     rule second;
     first = ref<rule>(a) | ref<rule>(b);
     second = ref<rule>(b) | ref<rule>(a);
-    EXPECT_EQ(typeid(*first.body()), typeid(*second.body()));
+    EXPECT_EQ(dynamicType(*first.body()), dynamicType(*second.body()));
 }
 
 TEST(Rule, ReassignmentDeletesTheOldBody)

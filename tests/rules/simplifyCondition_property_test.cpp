@@ -1,5 +1,6 @@
 #include "rules/simplifyCondition.hpp"
 
+#include "DynamicType.hpp"
 #include "RulesTesting.hpp"
 #include "TempTree.hpp"
 
@@ -121,7 +122,7 @@ TEST(simplifyConditionProperty, SimplifiedConditionsKeepTheirValue) {
         if (simplified->hasVariables())
             ++keptVariables;
         else
-            ASSERT_EQ(typeid(*simplified), typeid(BooleanLiteral)) << before << " -> " << printed(*simplified);
+            ASSERT_EQ(dynamicType(*simplified), typeid(BooleanLiteral)) << before << " -> " << printed(*simplified);
 
         for (int query = 0; query < 6; ++query) {
             const std::string file = any(files);

@@ -1,5 +1,6 @@
 #include "rules/simplifyCondition.hpp"
 
+#include "DynamicType.hpp"
 #include "RulesTesting.hpp"
 
 #include <gtest/gtest.h>
@@ -21,7 +22,7 @@ Owned simplified(Expression<bool>* condition) {
 
 // What a literal result says, or a failure when it is no literal.
 std::string literalText(const Owned& condition) {
-    if (typeid(*condition) != typeid(BooleanLiteral))
+    if (dynamicType(*condition) != typeid(BooleanLiteral))
         return "not a literal: " + printed(*condition);
     return printed(*condition);
 }
@@ -87,7 +88,7 @@ TEST(simplifyCondition, DerivedClassesAreReturnedUnchanged) {
     operand->append(exists("$b"));
     operand->append(exists("$c"));
     const Owned outer = simplified(all({exists("$a"), operand}));
-    ASSERT_EQ(typeid(*outer), typeid(MultiAndExpression));
+    ASSERT_EQ(dynamicType(*outer), typeid(MultiAndExpression));
     ASSERT_EQ(static_cast<MultiAndExpression&>(*outer).operands().size(), 2u);
     EXPECT_EQ(static_cast<MultiAndExpression&>(*outer).operands()[1], operand);
 }
@@ -119,26 +120,26 @@ TEST(simplifyCondition, NegationOfWhatFoldsToALiteralFoldsToo) {
 
 TEST(simplifyCondition, NestedAndsBecomeOneNaryAndInOrder) {
     const Owned right = simplified(both(exists("$a"), both(exists("$b"), exists("$c"))));
-    EXPECT_EQ(typeid(*right), typeid(MultiAndExpression));
+    EXPECT_EQ(dynamicType(*right), typeid(MultiAndExpression));
     EXPECT_EQ(printed(*right), "or([exists($a),exists($b),exists($c)])");
 
     const Owned left = simplified(both(both(exists("$a"), exists("$b")), both(exists("$c"), exists("$d"))));
-    EXPECT_EQ(typeid(*left), typeid(MultiAndExpression));
+    EXPECT_EQ(dynamicType(*left), typeid(MultiAndExpression));
     EXPECT_EQ(printed(*left), "or([exists($a),exists($b),exists($c),exists($d)])");
 }
 
 TEST(simplifyCondition, NestedOrsBecomeOneNaryOrInOrder) {
     const Owned result = simplified(either(either(exists("$a"), exists("$b")), exists("$c")));
-    EXPECT_EQ(typeid(*result), typeid(MultiOrExpression));
+    EXPECT_EQ(dynamicType(*result), typeid(MultiOrExpression));
     EXPECT_EQ(printed(*result), "or([exists($a),exists($b),exists($c)])");
 }
 
 TEST(simplifyCondition, OperandsOfTheOtherKindAreNotSpliced) {
     const Owned result = simplified(both(exists("$a"), either(exists("$b"), exists("$c"))));
-    ASSERT_EQ(typeid(*result), typeid(MultiAndExpression));
+    ASSERT_EQ(dynamicType(*result), typeid(MultiAndExpression));
     const auto& operands = static_cast<MultiAndExpression&>(*result).operands();
     ASSERT_EQ(operands.size(), 2u);
-    EXPECT_EQ(typeid(*operands[1]), typeid(MultiOrExpression));
+    EXPECT_EQ(dynamicType(*operands[1]), typeid(MultiOrExpression));
     EXPECT_EQ(printed(*result), "or([exists($a),or([exists($b),exists($c)])])");
 }
 
@@ -151,20 +152,20 @@ TEST(simplifyCondition, NaryOperandOfTheSameKindIsSpliced) {
 
 TEST(simplifyCondition, OperandThatSimplifiesIntoTheSameKindIsSpliced) {
     const Owned result = simplified(all({exists("$a"), negation(negation(both(exists("$b"), exists("$c"))))}));
-    ASSERT_EQ(typeid(*result), typeid(MultiAndExpression));
+    ASSERT_EQ(dynamicType(*result), typeid(MultiAndExpression));
     EXPECT_EQ(static_cast<MultiAndExpression&>(*result).operands().size(), 3u);
     EXPECT_EQ(printed(*result), "or([exists($a),exists($b),exists($c)])");
 }
 
 TEST(simplifyCondition, NegatedOrInAnAndIsDistributed) {
     const Owned result = simplified(all({exists("$x"), negation(any({exists("$a"), exists("$b")})), exists("$y")}));
-    ASSERT_EQ(typeid(*result), typeid(MultiAndExpression));
+    ASSERT_EQ(dynamicType(*result), typeid(MultiAndExpression));
     EXPECT_EQ(printed(*result), "or([exists($x),not(exists($a)),not(exists($b)),exists($y)])");
 }
 
 TEST(simplifyCondition, NegatedAndInAnOrIsDistributed) {
     const Owned result = simplified(any({negation(all({exists("$a"), exists("$b")})), exists("$x")}));
-    ASSERT_EQ(typeid(*result), typeid(MultiOrExpression));
+    ASSERT_EQ(dynamicType(*result), typeid(MultiOrExpression));
     EXPECT_EQ(printed(*result), "or([not(exists($a)),not(exists($b)),exists($x)])");
 }
 

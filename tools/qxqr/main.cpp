@@ -24,9 +24,16 @@ using namespace qxqr;
 
 const int usageStatus = 2;
 
-std::string versionText()
+// The tool's version is that of the headers it was built with; the
+// library's is that of the one loaded, which may be a later one.
+// "--version" stands alone: "qxqr --version extra" is bad usage.
+std::string versionText(const CLI::App& qxqr)
 {
-    return std::string("libqxqrscript ") + libqxqrscript_version + " (built " + libqxqrscript_build_date + ")";
+    if (!qxqr.remaining().empty())
+        throw CLI::ExtrasError(qxqr.remaining());
+    return "qxqr " + std::to_string(QXQRSCRIPT_VERSION_MAJOR) + "." + std::to_string(QXQRSCRIPT_VERSION_MINOR) + "." +
+           std::to_string(QXQRSCRIPT_VERSION_PATCH) + "\n" + "libqxqrscript " + libqxqrscript_version + " (built " +
+           libqxqrscript_build_date + ")";
 }
 
 // "qxqr query" for a command line that selected query, "qxqr" otherwise.
@@ -102,7 +109,8 @@ int main(int argc, char** argv)
 
     CLI::App qxqr("Check, query and walk rules scripts.", "qxqr");
     qxqr.require_subcommand(1);
-    qxqr.set_version_flag("--version", versionText, "Print the library's version and build date and exit");
+    qxqr.set_version_flag("--version", [&qxqr] { return versionText(qxqr); },
+                          "Print the tool's version, the library's and its build date, and exit");
     qxqr.failure_message([](const CLI::App* app, const CLI::Error& error) { return usageMessage(*app, error.what()); });
     CheckCommand check(qxqr);
     QueryCommand query(qxqr);

@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# The library's binary interface and its baseline, with libabigail:
+#   scripts/abi.sh write BUILD BASELINE   records BUILD's library as BASELINE
+#   scripts/abi.sh check BUILD BASELINE   compares BUILD's library with it
+# Only what the library exports counts, and of the types only those that the
+# public headers declare (abi/private-types.suppr). check fails on every change that a program built
+# against the baseline could notice: a function or variable removed, a type
+# or a table of virtual functions changed. A function or variable added is
+# no such change; after one, `make abi-baseline` records the new interface.
+set -euo pipefail
+mode=$1
+build=$2
+baseline=$3
+
+library=$build/libqxqrscript.so.1
+abidw_options=(--no-corpus-path --suppressions abi/private-types.suppr)
+
+case $mode in
+    write)
+        mkdir -p "$(dirname "$baseline")"
+        abidw "${abidw_options[@]}" --out-file "$baseline" "$library"
+        echo "wrote $baseline"
+        ;;
+    check)
+        current=$(mktemp)
+        trap 'rm -f "$current"' EXIT
+        abidw "${abidw_options[@]}" --out-file "$current" "$library"
+        if ! abidiff --no-added-syms "$baseline" "$current"; then
+            echo "abi-check: $library breaks the interface recorded in $baseline" >&2
+            exit 1
+        fi
+        echo "abi-check: $library keeps the interface of $baseline"
+        ;;
+    *)
+        echo "usage: $0 write|check BUILD BASELINE" >&2
+        exit 2
+        ;;
+esac
