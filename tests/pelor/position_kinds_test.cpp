@@ -63,7 +63,24 @@ template <class Iterator>
 class PositionKinds : public ::testing::Test {};
 
 using Kinds = ::testing::Types<const char*, char*, std::string::const_iterator, std::string::iterator>;
-TYPED_TEST_SUITE(PositionKinds, Kinds);
+
+// Names each case after its kind of position. Given, it also fills the
+// macro's last, optional argument, without which clang warns (-Wpedantic).
+struct KindName {
+    template <class Iterator>
+    static std::string GetName(int)
+    {
+        if constexpr (std::is_same<Iterator, const char*>::value)
+            return "ConstPointer";
+        else if constexpr (std::is_same<Iterator, char*>::value)
+            return "Pointer";
+        else if constexpr (std::is_same<Iterator, std::string::const_iterator>::value)
+            return "ConstIterator";
+        else
+            return "Iterator";
+    }
+};
+TYPED_TEST_SUITE(PositionKinds, Kinds, KindName);
 
 TYPED_TEST(PositionKinds, MatchAWholeListThroughTheSameKind)
 {
