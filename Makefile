@@ -98,7 +98,7 @@ test-i386: deps-i386 $(I386_GTEST_DIR)/prefix/include/gtest/gtest.h
 # consumer test only; LAYOUT installs with an absolute libdir ("absolute"),
 # and a static library ("static"). g++ 12 with C++17 is the build of
 # `make test` and `make test-i386`.
-COMPILER_BUILDS ?= clang17:clang++-14:17:library:static gcc20:g++-12:20:tests:absolute clang20:clang++-14:20:tests
+COMPILER_BUILDS ?= clang20:clang++-14:20:tests gcc20:g++-12:20:library:absolute clang17:clang++-14:17:library:static
 test-compilers: deps-build deps-compilers
 	@for build in $(COMPILER_BUILDS); do \
 	    scripts/compiler-build.sh "$(GENERATOR)" $(JOBS) $$build || exit 1; \
