@@ -61,6 +61,7 @@ deps-%: ;
 else
 deps-%: $(DEPS_DIR)/%.stamp ;
 endif
+.PRECIOUS: $(DEPS_DIR)/%.stamp
 $(DEPS_DIR)/%.stamp: scripts/install-deps.sh
 	@scripts/install-deps.sh $(patsubst build,,$*)
 	@mkdir -p $(DEPS_DIR) && touch $@
