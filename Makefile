@@ -42,7 +42,6 @@ JOBS           ?= $(shell nproc)
 GENERATOR      ?= $(if $(shell command -v ninja),Ninja,Unix Makefiles)
 DEPS_DIR        = build-deps
 ABI_DIR         = abi
-ABI_HEADERS     = include
 
 # Every build of CI: warnings are errors.
 CONFIGURE = cmake -S . -G "$(GENERATOR)" -DQXQR_WERROR=ON
@@ -50,8 +49,8 @@ CONFIGURE = cmake -S . -G "$(GENERATOR)" -DQXQR_WERROR=ON
 export ASAN_OPTIONS  = detect_leaks=1:abort_on_error=0:strict_string_checks=1
 export UBSAN_OPTIONS = print_stacktrace=1:halt_on_error=1
 
-.PHONY: all build test test-sanitize test-i386 test-compilers abi-check abi-baseline \
-        fuzz demo bench install deb clean
+.PHONY: all build test test-sanitize test-i386 test-i386-library test-compilers abi-check \
+        abi-baseline fuzz demo bench install deb clean
 
 all: build
 
@@ -87,9 +86,11 @@ $(I386_GTEST_DIR)/prefix/include/gtest/gtest.h: | deps-i386
 	@cmake --build $(I386_GTEST_DIR) -j $(JOBS) >/dev/null
 	@cmake --install $(I386_GTEST_DIR) >/dev/null
 
+I386_CONFIGURE = $(CONFIGURE) -B $(I386_DIR) $(I386_TOOLCHAIN) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) \
+                 -DCMAKE_PREFIX_PATH=$(CURDIR)/$(I386_GTEST_DIR)/prefix
+
 test-i386: deps-i386 $(I386_GTEST_DIR)/prefix/include/gtest/gtest.h
-	@$(CONFIGURE) -B $(I386_DIR) $(I386_TOOLCHAIN) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) \
-	    -DCMAKE_PREFIX_PATH=$(CURDIR)/$(I386_GTEST_DIR)/prefix >/dev/null
+	@$(I386_CONFIGURE) >/dev/null
 	@cmake --build $(I386_DIR) -j $(JOBS)
 	cd $(I386_DIR) && ctest --output-on-failure -j $(JOBS)
 
@@ -114,10 +115,8 @@ abi-baseline: deps-abi build test-i386-library
 	scripts/abi.sh write $(I386_DIR) $(ABI_DIR)/libqxqrscript.so.1.i386.abi
 
 # Only what abi-check needs of the 32-bit build.
-.PHONY: test-i386-library
 test-i386-library: deps-i386 $(I386_GTEST_DIR)/prefix/include/gtest/gtest.h
-	@$(CONFIGURE) -B $(I386_DIR) $(I386_TOOLCHAIN) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) \
-	    -DCMAKE_PREFIX_PATH=$(CURDIR)/$(I386_GTEST_DIR)/prefix >/dev/null
+	@$(I386_CONFIGURE) >/dev/null
 	@cmake --build $(I386_DIR) -j $(JOBS) --target qxqrscript
 
 # Only the library and the fuzz targets, with clang; clang is installed for
