@@ -12,6 +12,8 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include <fcntl.h>
@@ -119,6 +121,17 @@ TEST(readWholeFile, DevicesAreRefusedWithoutReading) {
 TEST(readWholeFile, FileThatCannotTellItsSizeIsRefused) {
     std::string text;
     EXPECT_FALSE(readWholeFile("/proc/self/status", text));
+}
+
+// /proc/self/cmdline says that it is empty, and holds the arguments of this
+// process, each ended by a NUL.
+TEST(readWholeFile, FileThatSaysItIsEmptyIsReadToItsEnd) {
+    std::ifstream direct("/proc/self/cmdline", std::ios::binary);
+    const std::string expected((std::istreambuf_iterator<char>(direct)), std::istreambuf_iterator<char>());
+    ASSERT_FALSE(expected.empty());
+    std::string text;
+    ASSERT_TRUE(readWholeFile("/proc/self/cmdline", text));
+    EXPECT_EQ(expected, text);
 }
 
 TEST(readWholeFile, PipeIsReadToItsEnd) {
