@@ -21,8 +21,8 @@ to the file named instead of reading it back. "?" gives the exit status.
 
 "+" lines make files that cannot be kept among the fixtures, in a fresh
 temporary directory that "@TMP@" stands for everywhere in the case:
-"+ file NAME TEXT" (TEXT with Python's backslash escapes, so "\r", "\0" and
-"\xff" can be written), "+ unreadable NAME TEXT" (the same, without read
+"+ file NAME TEXT" (NAME and TEXT with Python's backslash escapes, so "\r",
+"\0", "\x20" and "\xff" can be written), "+ unreadable NAME TEXT" (the same, without read
 permission), "+ fifo NAME", "+ sized NAME BYTES" (BYTES NUL bytes that
 take no room on disk). Standard input is a pipe carrying the "<" lines, or
 with "<< FILE" the file itself, or with "<| FILE" a pipe carrying its bytes.
@@ -167,7 +167,7 @@ class Skip(Exception):
 
 
 def make_file(directory, kind, name, argument=""):
-    path = os.path.join(directory, name)
+    path = os.path.join(os.fsencode(directory), escaped_bytes(name))
     if kind == "fifo":
         os.mkfifo(path)
     elif kind == "sized":
