@@ -90,7 +90,7 @@ def string_literals(source):
 
 
 def scripts_of_test(path):
-    for text, wrapped in string_literals(path.read_text(encoding="utf-8")):
+    for text, wrapped in string_literals(path.read_text(encoding="utf-8", errors="surrogateescape")):
         if wrapped:
             yield "exclude if " + text + "\n"
         elif STATEMENT.search(text):
@@ -100,7 +100,7 @@ def scripts_of_test(path):
 def scripts_of_document(path):
     """The rules blocks of a markdown document, as the doc checks read them."""
     info, text = None, []
-    for line in path.read_text(encoding="utf-8").splitlines(keepends=True):
+    for line in path.read_text(encoding="utf-8", errors="surrogateescape").splitlines(keepends=True):
         fence = FENCE.match(line.rstrip("\n"))
         if fence and info is None:
             info, text = fence.group(1).split(), []
@@ -116,7 +116,7 @@ def scripts_of_document(path):
 def sources():
     """(origin name, script) of every script the project holds, in a fixed order."""
     for path in sorted(ROOT.glob("examples/**/*.rules")) + sorted(ROOT.glob("tests/tool/fixtures/**/*.rules")):
-        yield path, path.read_text(encoding="utf-8")
+        yield path, path.read_text(encoding="utf-8", errors="surrogateescape")
     for path in sorted(ROOT.glob("docs/*.md")):
         for script in scripts_of_document(path):
             yield path, script
@@ -141,7 +141,7 @@ def write_seeds(folder, seeds):
 def main():
     scripts, seen = {}, set()
     for origin, script in sources():
-        data = script.encode("utf-8")
+        data = script.encode("utf-8", errors="surrogateescape")
         if data not in seen:
             seen.add(data)
             scripts[seed_name(origin, data)] = data
