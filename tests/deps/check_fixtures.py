@@ -1,0 +1,215 @@
+#!/usr/bin/env python3
+"""Builds small programs and libraries with the compiler and checks `qxqr deps` on them.
+
+Each fixture states the closure it expects: the libraries of the fixture
+that are found (by their place in the fixture), and the names that nothing
+answers. The C library and the loader come with every program and are
+checked to be there. Every fixture's whole closure is compared with the
+system's loader (ldd) as well. Then the forms of the output, the rules,
+--copy-to and the files that are no loadable ELF file are checked on them.
+"""
+
+import argparse
+import json
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+
+FAILURES = []
+
+
+def check(condition, message):
+    if not condition:
+        FAILURES.append(message)
+
+
+class Builder:
+    """Makes libraries and programs, each with a function the next one calls, so that every
+    library named is needed whatever the linker's defaults."""
+
+    def __init__(self, compiler, root):
+        self.compiler = compiler
+        self.root = root
+
+    def path(self, relative):
+        return os.path.join(self.root, relative)
+
+    def compile(self, output, source, flags):
+        os.makedirs(os.path.dirname(self.path(output)), exist_ok=True)
+        source_file = self.path(output) + ".c"
+        with open(source_file, "w") as file:
+            file.write(source)
+        subprocess.run([self.compiler, "-x", "c", source_file, "-x", "none", "-o", self.path(output)] + flags,
+                       check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.remove(source_file)
+        return self.path(output)
+
+    @staticmethod
+    def source(defines, needs):
+        symbols = [os.path.basename(need).split(".")[0] for need in needs]
+        declarations = "".join(f"int f_{symbol}(void);\n" for symbol in symbols)
+        calls = " + ".join([f"f_{symbol}()" for symbol in symbols] or ["0"])
+        return declarations + f"int {defines}(void) {{ return {calls}; }}\n"
+
+    def library(self, relative, needs=(), flags=(), soname=None):
+        """A library lib<x>.so.1 at `relative`; `needs` are the paths (relative) of the libraries it links."""
+        symbol = "f_" + os.path.basename(relative).split(".")[0]
+        soname = soname or os.path.basename(relative)
+        links = [self.path(need) for need in needs]
+        rpath_link = [f"-Wl,-rpath-link,{os.path.dirname(link)}" for link in links]
+        return self.compile(relative, self.source(symbol, needs),
+                            ["-shared", "-fPIC", f"-Wl,-soname,{soname}"] + links + rpath_link + list(flags))
+
+    def program(self, relative, needs=(), flags=()):
+        links = [self.path(need) for need in needs]
+        rpath_link = [f"-Wl,-rpath-link,{os.path.dirname(link)}" for link in links]
+        return self.compile(relative, self.source("main", needs), links + rpath_link + list(flags))
+
+
+def run_deps(qxqr, arguments, env=None):
+    return subprocess.run([qxqr, "deps"] + arguments, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+                          env=env)
+
+
+def closure_of(qxqr, program, options, env):
+    run = run_deps(qxqr, ["--format", "json", "--allow-missing"] + options + ["--", program], env)
+    check(run.returncode == 0, f"{program}: qxqr deps failed:\n{run.stderr}")
+    found = set()
+    for item in json.loads(run.stdout or '{"dependencies": []}')["dependencies"]:
+        if item["link"] == "start":
+            continue
+        found.add("not found: " + item["name"] if item["fate"] == "not found" else os.path.realpath(item["file"]))
+    return found
+
+
+def loader_closure(program, env):
+    run = subprocess.run(["ldd", program], stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, env=env)
+    found = set()
+    for line in run.stdout.splitlines():
+        line = line.strip()
+        if "=>" in line:
+            name, _, place = line.partition("=>")
+            place = place.strip()
+            found.add("not found: " + name.strip() if place.startswith("not found")
+                      else os.path.realpath(place.rsplit(" (0x", 1)[0]))
+        elif line.startswith("/"):
+            found.add(os.path.realpath(line.rsplit(" (0x", 1)[0]))
+    return found
+
+
+def system_part(found, root):
+    return {item for item in found if not item.startswith(root + "/") and not item.startswith("not found")}
+
+
+def environment(library_path):
+    env = dict(os.environ)
+    env.pop("LD_LIBRARY_PATH", None)
+    if library_path is not None:
+        env["LD_LIBRARY_PATH"] = library_path
+    return env
+
+
+def check_closure(qxqr, builder, name, program, expected, library_path=None, as_option=False):
+    """`expected`: the fixture's libraries (relative paths) and "not found: NAME" entries.
+    `library_path` is LD_LIBRARY_PATH, given to qxqr through the environment, or with
+    --ld-library-path if `as_option`."""
+    options = ["--ld-library-path", library_path] if as_option else []
+    found = closure_of(qxqr, program, options, environment(None if as_option else library_path))
+    env = environment(library_path)
+    root = os.path.realpath(builder.root)
+    wanted = {item if item.startswith("not found") else os.path.realpath(builder.path(item)) for item in expected}
+    local = found - system_part(found, root)
+    check(local == wanted, f"{name}: the closure's own part is {sorted(local)}, expected {sorted(wanted)}")
+    basenames = {os.path.basename(item) for item in system_part(found, root)}
+    check("libc.so.6" in basenames, f"{name}: no C library in {sorted(found)}")
+    loader = loader_closure(program, env)
+    check(found == loader, f"{name}: qxqr deps and ldd differ\n  qxqr deps: {sorted(found)}\n  ldd: {sorted(loader)}")
+
+
+def build_and_check_closures(qxqr, builder, compiler):
+    b = builder
+    # $ORIGIN in a DT_RPATH, a chain of two libraries, and a cycle between two others.
+    b.library("origin/lib/libb.so.1")
+    b.library("origin/lib/liba.so.1", ["origin/lib/libb.so.1"])
+    b.library("origin/lib/libq.so.1")
+    b.library("origin/lib/libp.so.1", ["origin/lib/libq.so.1"])
+    b.library("origin/lib/libq.so.1", ["origin/lib/libp.so.1"])  # libq needs libp needs libq
+    program = b.program("origin/bin/app", ["origin/lib/liba.so.1", "origin/lib/libp.so.1"],
+                        ["-Wl,--disable-new-dtags,-rpath,$ORIGIN/../lib"])
+    check_closure(qxqr, b, "$ORIGIN and a cycle", program,
+                  {"origin/lib/liba.so.1", "origin/lib/libb.so.1", "origin/lib/libp.so.1", "origin/lib/libq.so.1"})
+
+    # A DT_RPATH serves the libraries that the program loads; a DT_RUNPATH does not.
+    b.library("inherit/deep/liby.so.1")
+    b.library("inherit/lib/libx.so.1", ["inherit/deep/liby.so.1"])
+    deep, lib = b.path("inherit/deep"), b.path("inherit/lib")
+    program = b.program("inherit/rpath-app", ["inherit/lib/libx.so.1"],
+                        [f"-Wl,--disable-new-dtags,-rpath,{lib}:{deep}"])
+    check_closure(qxqr, b, "DT_RPATH is inherited", program, {"inherit/lib/libx.so.1", "inherit/deep/liby.so.1"})
+    program = b.program("inherit/runpath-app", ["inherit/lib/libx.so.1"],
+                        [f"-Wl,--enable-new-dtags,-rpath,{lib}:{deep}"])
+    check_closure(qxqr, b, "DT_RUNPATH is not inherited", program, {"inherit/lib/libx.so.1", "not found: liby.so.1"})
+
+    # DT_RPATH comes before LD_LIBRARY_PATH, which comes before DT_RUNPATH.
+    b.library("order/first/libv.so.1")
+    b.library("order/second/libv.so.1")
+    first, second = b.path("order/first"), b.path("order/second")
+    rpath_app = b.program("order/rpath-app", ["order/first/libv.so.1"], [f"-Wl,--disable-new-dtags,-rpath,{first}"])
+    runpath_app = b.program("order/runpath-app", ["order/first/libv.so.1"],
+                            [f"-Wl,--enable-new-dtags,-rpath,{first}"])
+    for as_option in (True, False):
+        check_closure(qxqr, b, "DT_RPATH before LD_LIBRARY_PATH", rpath_app, {"order/first/libv.so.1"},
+                      second, as_option)
+        check_closure(qxqr, b, "LD_LIBRARY_PATH before DT_RUNPATH", runpath_app, {"order/second/libv.so.1"},
+                      second, as_option)
+
+    # A soname already loaded is not searched again: libu needs libv, and
+    # finds the copy the program loaded through its own DT_RUNPATH, not the
+    # one in libu's.
+    b.library("loaded/libu.so.1", ["order/second/libv.so.1"], [f"-Wl,--enable-new-dtags,-rpath,{second}"])
+    program = b.program("loaded/app", ["order/first/libv.so.1", "loaded/libu.so.1"],
+                        [f"-Wl,--enable-new-dtags,-rpath,{first}:{b.path('loaded')}"])
+    check_closure(qxqr, b, "a soname already loaded", program, {"order/first/libv.so.1", "loaded/libu.so.1"})
+
+    # A library that is gone.
+    b.library("missing/libgone.so.1")
+    program = b.program("missing/app", ["missing/libgone.so.1"])
+    os.remove(b.path("missing/libgone.so.1"))
+    check_closure(qxqr, b, "a missing library", program, {"not found: libgone.so.1"})
+    run = run_deps(qxqr, ["--format", "paths", "--", program])
+    check(run.returncode == 1 and "qxqr: libgone.so.1: not found (needed by " + program + ")\n" == run.stderr,
+          f"a missing library fails a run without --allow-missing: {run.returncode} {run.stderr!r}")
+
+    # A library of the other class comes first in the search and is passed over.
+    b.library("class/right/libw.so.1")
+    try:
+        b.compile("class/wrong/libw.so.1", "int f_libw(void) { return 1; }\n",
+                  ["-m32", "-shared", "-fPIC", "-nostdlib", "-Wl,-soname,libw.so.1"])
+    except subprocess.CalledProcessError:
+        print("the compiler makes no 32-bit library here: the wrong-class fixture is left out")
+    else:
+        right, wrong = b.path("class/right"), b.path("class/wrong")
+        program = b.program("class/app", ["class/right/libw.so.1"],
+                            [f"-Wl,--disable-new-dtags,-rpath,{wrong}:{right}"])
+        check_closure(qxqr, b, "a library of the other class", program, {"class/right/libw.so.1"})
+
+
+def main():
+    options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    options.add_argument("--qxqr", required=True)
+    options.add_argument("--compiler", required=True)
+    arguments = options.parse_args()
+    qxqr = os.path.abspath(arguments.qxqr)
+    with tempfile.TemporaryDirectory(prefix="qxqr-deps-") as root:
+        builder = Builder(arguments.compiler, root)
+        build_and_check_closures(qxqr, builder, arguments.compiler)
+    for failure in FAILURES:
+        print(failure, file=sys.stderr)
+    print(f"{len(FAILURES)} failures")
+    return 1 if FAILURES else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
