@@ -94,7 +94,14 @@ TEST(ElfObject, TellsATruncatedHeader)
 {
     std::string image = ElfImage::library({"libc.so.6"}).bytes();
     for (std::size_t size : {5, 16, 40, 63})
-        EXPECT_NE(problemOf(image.substr(0, size)), "no error") << size << " bytes";
+        EXPECT_EQ(problemOf(image.substr(0, size)), "the ELF header is cut short (" + std::to_string(size) + " bytes)");
+}
+
+TEST(ElfObject, TellsAnUnknownClass)
+{
+    std::string image = ElfImage::library({"libc.so.6"}).bytes();
+    image[EI_CLASS] = 7;
+    EXPECT_EQ(problemOf(image), "an ELF header of an unknown class or byte order");
 }
 
 TEST(ElfObject, TellsProgramHeadersBeyondTheFile)

@@ -196,6 +196,111 @@ def build_and_check_closures(qxqr, builder, compiler):
         check_closure(qxqr, b, "a library of the other class", program, {"class/right/libw.so.1"})
 
 
+def loader_names(program):
+    """The interpreter and the C library of `program`, as ldd names them."""
+    names = {}
+    for line in subprocess.run(["ldd", program], stdout=subprocess.PIPE, text=True).stdout.splitlines():
+        line = line.strip().rsplit(" (0x", 1)[0]
+        if line.startswith("/"):
+            names["LOADER"] = line
+        elif line.startswith("libc.so.6 => "):
+            names["LIBC"] = line.partition(" => ")[2]
+    return names
+
+
+def filled(text, names):
+    for key, value in names.items():
+        text = text.replace(key, value)
+    return text
+
+
+def check_forms(qxqr, b):
+    """The forms of the output, the rules and --copy-to, on an application with a plug-in folder."""
+    b.library("bundle/lib/libhelper.so.1")
+    b.library("bundle/plugins/libplug.so", ["bundle/lib/libhelper.so.1"],
+              ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"])
+    with open(b.path("bundle/plugins/notes.txt"), "w") as notes:
+        notes.write("not a library\n")
+    program = b.program("bundle/bin/app", ["bundle/lib/libhelper.so.1"],
+                        ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"])
+    with open(b.path("bundle.rules"), "w") as rules:
+        rules.write("exclude if $name == libc.so\ninclude $vantor/plugins if $dir == $vantor/bin\n")
+    names = dict(loader_names(program), ROOT=b.root)
+    common = ["--root", b.path("bundle"), "bundle.rules"]
+
+    def deps(*arguments):
+        return subprocess.run([qxqr, "deps"] + list(arguments), cwd=b.root, stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, text=True)
+
+    text = deps("--explain", *common, "--", program)
+    expected = filled("ROOT/bundle/bin/app: kept\n"
+                      "LOADER: kept (interpreter of ROOT/bundle/bin/app)\n"
+                      "ROOT/bundle/bin/../lib/libhelper.so.1: kept (needed by ROOT/bundle/bin/app)\n"
+                      "LIBC: excluded (needed by ROOT/bundle/bin/app)\n"
+                      "    bundle.rules, line 1:\n"
+                      "    exclude if $name == libc.so\n"
+                      "ROOT/bundle/plugins/libplug.so: kept (included by ROOT/bundle/bin/app)\n"
+                      "ROOT/bundle/plugins/notes.txt: kept (included by ROOT/bundle/bin/app)\n"
+                      "5 kept, 1 excluded, 0 pruned, 0 not found\n", names)
+    check((text.returncode, text.stdout, text.stderr) == (0, expected, ""),
+          f"text form:\n{text.stdout}{text.stderr}expected:\n{expected}")
+
+    paths = deps(*common, "--format", "paths", "--", program)
+    expected = filled("LOADER\nROOT/bundle/bin/../lib/libhelper.so.1\nLIBC\nROOT/bundle/plugins/libplug.so\n"
+                      "ROOT/bundle/plugins/notes.txt\n", names)
+    check(paths.stdout == expected, f"paths form:\n{paths.stdout}expected:\n{expected}")
+
+    document = json.loads(deps(*common, "--format", "json", "--", program).stdout)
+    by_name = {item["name"]: item for item in document["dependencies"]}
+    check(document["summary"] == {"kept": 5, "excluded": 1, "pruned": 0, "not found": 0},
+          f"JSON summary: {document['summary']}")
+    check(by_name["libc.so.6"]["fate"] == "excluded" and by_name["libc.so.6"]["rule"]["line"] == 1,
+          f"JSON libc: {by_name['libc.so.6']}")
+    check(by_name["libhelper.so.1"]["soname"] == "libhelper.so.1" and by_name["libhelper.so.1"]["link"] == "needed",
+          f"JSON libhelper: {by_name['libhelper.so.1']}")
+    check(by_name[program]["includes"] == [b.path("bundle/plugins/libplug.so"), b.path("bundle/plugins/notes.txt")],
+          f"JSON app: {by_name[program]}")
+
+    dot = deps(*common, "--format", "dot", "--", program).stdout
+    libc_node = filled('"LIBC" [label="libc.so.6", tooltip="LIBC", style=dashed', names)
+    plugin_edge = f'"{program}" -> "{b.path("bundle/plugins/libplug.so")}" [style=dotted];'
+    check(dot.startswith("digraph dependencies {\n") and dot.endswith("}\n") and libc_node in dot
+          and plugin_edge in dot, f"dot form:\n{dot}")
+
+    copy = deps(*common, "--copy-to", "shipped", "--format", "paths", "--", program)
+    shipped = sorted(os.listdir(b.path("shipped"))) if os.path.isdir(b.path("shipped")) else []
+    wanted = sorted([os.path.basename(names["LOADER"]), "libhelper.so.1", "libplug.so", "notes.txt"])
+    check(copy.returncode == 0 and shipped == wanted, f"--copy-to made {shipped}, expected {wanted}: {copy.stderr}")
+    with open(b.path("shipped/libhelper.so.1"), "rb") as copied, \
+            open(b.path("bundle/lib/libhelper.so.1"), "rb") as original:
+        check(copied.read() == original.read(), "--copy-to changed a library")
+
+
+def check_problems(qxqr, b):
+    """Files that are no loadable ELF file: a message naming each, and the walk goes on."""
+    good = b.library("problems/good/libx.so.1")
+    with open(good, "rb") as whole:
+        cut = whole.read()[:40]
+    os.makedirs(b.path("problems/bad"))
+    with open(b.path("problems/bad/libx.so.1"), "wb") as bad:
+        bad.write(cut)
+    program = b.program("problems/app", ["problems/good/libx.so.1"],
+                        [f"-Wl,--disable-new-dtags,-rpath,{b.path('problems/bad')}:{b.path('problems/good')}"])
+    with open(b.path("problems/notes.txt"), "w") as notes:
+        notes.write("hello\n")
+    os.symlink("loop", b.path("problems/loop"))
+    run = run_deps(qxqr, ["--format", "paths", "--", b.path("problems/notes.txt"), b.path("problems/loop"),
+                          program, "/usr/bin/env"])
+    lines = run.stderr.splitlines()
+    check(run.returncode == 1 and len(lines) == 3, f"problems: status {run.returncode}:\n{run.stderr}")
+    check(lines[0:2] == [f"qxqr: {b.path('problems/notes.txt')}: not an ELF file",
+                         f"qxqr: {b.path('problems/loop')}: Too many levels of symbolic links"],
+          f"problems with start files:\n{run.stderr}")
+    check(len(lines) == 3 and lines[2].startswith(f"qxqr: {b.path('problems/bad/libx.so.1')}: ")
+          and lines[2].endswith(f" (needed by {program})"), f"a malformed library:\n{run.stderr}")
+    check("libc.so.6" in run.stdout, f"the walk goes on after the problems:\n{run.stdout}")
+
+
 def main():
     options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     options.add_argument("--qxqr", required=True)
@@ -205,6 +310,8 @@ def main():
     with tempfile.TemporaryDirectory(prefix="qxqr-deps-") as root:
         builder = Builder(arguments.compiler, root)
         build_and_check_closures(qxqr, builder, arguments.compiler)
+        check_forms(qxqr, builder)
+        check_problems(qxqr, builder)
     for failure in FAILURES:
         print(failure, file=sys.stderr)
     print(f"{len(FAILURES)} failures")

@@ -103,7 +103,7 @@ private:
     void readHeader(ElfObject& object)
     {
         if (elf_kind(elf) != ELF_K_ELF)
-            throw NotElfError();
+            throwNotElf();
         GElf_Ehdr header;
         if (!gelf_getehdr(elf, &header))
             throw ElfError("unreadable ELF header: " + libelfMessage());
@@ -111,6 +111,22 @@ private:
         object.kind.byteOrder = header.e_ident[EI_DATA];
         object.kind.machine = header.e_machine;
         object.type = header.e_type;
+    }
+
+    // libelf sees no ELF file in a file with the ELF magic number when its
+    // header is cut short or names a class or byte order that ELF does not
+    // know; that file is a broken ELF file, not a file of another kind.
+    [[noreturn]] void throwNotElf() const
+    {
+        std::size_t size = 0;
+        const char* bytes = elf_rawfile(elf, &size);
+        if (!bytes || size < SELFMAG || std::memcmp(bytes, ELFMAG, SELFMAG) != 0)
+            throw NotElfError();
+        const std::size_t headerSize = size > EI_CLASS && bytes[EI_CLASS] == ELFCLASS64 ? sizeof(Elf64_Ehdr)
+                                                                                        : sizeof(Elf32_Ehdr);
+        if (size < headerSize)
+            throw ElfError("the ELF header is cut short (" + std::to_string(size) + " bytes)");
+        throw ElfError("an ELF header of an unknown class or byte order");
     }
 
     void readProgramHeaders()
