@@ -164,6 +164,17 @@ TEST_F(LibrarySearchTest, ALibraryOfAnotherClassOrMachineIsPassedOver)
     EXPECT_EQ(find("libx.so.1", loaded("/app/app", object)), "/third/libx.so.1");
 }
 
+TEST_F(LibrarySearchTest, ALibraryOfTheOtherByteOrderStopsTheSearch)
+{
+    ElfImage bigEndian = ElfImage::library();
+    bigEndian.kind.byteOrder = ELFDATA2MSB;
+    put("/first/libx.so.1", bigEndian);
+    put("/second/libx.so.1");
+    ElfObject object = objectWith("/first:/second", std::nullopt);
+    EXPECT_EQ(find("libx.so.1", loaded("/app/app", object)),
+              "failed: /first/libx.so.1: an ELF file of the other byte order");
+}
+
 TEST_F(LibrarySearchTest, AFileThatIsNoElfFileStopsTheSearch)
 {
     root.file("first/libx.so.1", "INPUT(-lx)\n");

@@ -12,10 +12,11 @@ system's loader (ldd) as well. Then the forms of the output, the rules,
 import argparse
 import json
 import os
-import shutil
 import subprocess
 import sys
 import tempfile
+
+from fixture_builder import Builder
 
 FAILURES = []
 
@@ -23,49 +24,6 @@ FAILURES = []
 def check(condition, message):
     if not condition:
         FAILURES.append(message)
-
-
-class Builder:
-    """Makes libraries and programs, each with a function the next one calls, so that every
-    library named is needed whatever the linker's defaults."""
-
-    def __init__(self, compiler, root):
-        self.compiler = compiler
-        self.root = root
-
-    def path(self, relative):
-        return os.path.join(self.root, relative)
-
-    def compile(self, output, source, flags):
-        os.makedirs(os.path.dirname(self.path(output)), exist_ok=True)
-        source_file = self.path(output) + ".c"
-        with open(source_file, "w") as file:
-            file.write(source)
-        subprocess.run([self.compiler, "-x", "c", source_file, "-x", "none", "-o", self.path(output)] + flags,
-                       check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        os.remove(source_file)
-        return self.path(output)
-
-    @staticmethod
-    def source(defines, needs):
-        symbols = [os.path.basename(need).split(".")[0] for need in needs]
-        declarations = "".join(f"int f_{symbol}(void);\n" for symbol in symbols)
-        calls = " + ".join([f"f_{symbol}()" for symbol in symbols] or ["0"])
-        return declarations + f"int {defines}(void) {{ return {calls}; }}\n"
-
-    def library(self, relative, needs=(), flags=(), soname=None):
-        """A library lib<x>.so.1 at `relative`; `needs` are the paths (relative) of the libraries it links."""
-        symbol = "f_" + os.path.basename(relative).split(".")[0]
-        soname = soname or os.path.basename(relative)
-        links = [self.path(need) for need in needs]
-        rpath_link = [f"-Wl,-rpath-link,{os.path.dirname(link)}" for link in links]
-        return self.compile(relative, self.source(symbol, needs),
-                            ["-shared", "-fPIC", f"-Wl,-soname,{soname}"] + links + rpath_link + list(flags))
-
-    def program(self, relative, needs=(), flags=()):
-        links = [self.path(need) for need in needs]
-        rpath_link = [f"-Wl,-rpath-link,{os.path.dirname(link)}" for link in links]
-        return self.compile(relative, self.source("main", needs), links + rpath_link + list(flags))
 
 
 def run_deps(qxqr, arguments, env=None):
@@ -172,6 +130,21 @@ def build_and_check_closures(qxqr, builder, compiler):
     program = b.program("loaded/app", ["order/first/libv.so.1", "loaded/libu.so.1"],
                         [f"-Wl,--enable-new-dtags,-rpath,{first}:{b.path('loaded')}"])
     check_closure(qxqr, b, "a soname already loaded", program, {"order/first/libv.so.1", "loaded/libu.so.1"})
+
+    # A program started through a symbolic link finds $ORIGIN where it really
+    # lies, as when it runs. (ldd, which hands the loader the name as given,
+    # takes the link's directory instead; running the program shows the
+    # loader's own answer.)
+    b.library("linked/real/lib/libo.so.1")
+    real = b.program("linked/real/bin/app", ["linked/real/lib/libo.so.1"],
+                     ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"])
+    os.makedirs(b.path("linked/elsewhere"))
+    os.symlink(real, b.path("linked/elsewhere/app"))
+    found = closure_of(qxqr, b.path("linked/elsewhere/app"), [], environment(None))
+    check(os.path.realpath(b.path("linked/real/lib/libo.so.1")) in found,
+          f"a program started through a link: {sorted(found)}")
+    ran = subprocess.run([b.path("linked/elsewhere/app")], env=environment(None))
+    check(ran.returncode == 0, f"the program started through a link loads its library (status {ran.returncode})")
 
     # A library that is gone.
     b.library("missing/libgone.so.1")

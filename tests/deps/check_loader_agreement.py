@@ -3,7 +3,8 @@
 
 Every dynamically linked ELF executable of the directory (/usr/bin by
 default), symbolic links to one included, goes through one run of
-`qxqr deps --format json`, and through `ldd` (in batches, in parallel).
+`qxqr deps --format json`, and through `ldd` (in batches, in parallel,
+each program by its real path: see ldd_batch).
 For each program the two sets must be equal: the real paths of the
 libraries found, and the names that nothing answers. ldd's linux-vdso,
 which the kernel provides and no file holds, is left out. Every program
@@ -72,21 +73,27 @@ def loader_line(line):
 
 
 def ldd_batch(programs):
-    run = subprocess.run(["ldd"] + programs, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+    """ldd's sets, by program. ldd is given each program's real path: it hands the loader the name it
+    is given, and the loader takes $ORIGIN from that name, where a program that runs gets it from
+    its real path (/usr/bin/java, a link into the JDK, finds its libraries beside the JDK's
+    launcher when it runs, but not under ldd /usr/bin/java)."""
+    real = sorted({os.path.realpath(program) for program in programs})
+    run = subprocess.run(["ldd"] + real, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
                          errors="surrogateescape")
-    sets, current = {}, None
-    headers = {program + ":": program for program in programs}
+    by_path, current = {}, None
+    headers = {path + ":": path for path in real}
     for line in run.stdout.splitlines():
         if line in headers:
             current = headers[line]
-            sets[current] = set()
+            by_path[current] = set()
         elif current is not None:
             found = loader_line(line)
             if found:
-                sets[current].add(found)
-    if len(programs) == 1 and programs[0] not in sets:  # ldd writes no header for a single file
-        sets[programs[0]] = {found for found in map(loader_line, run.stdout.splitlines()) if found}
-    return sets
+                by_path[current].add(found)
+    if len(real) == 1 and not by_path:  # ldd writes no header for a single file
+        by_path[real[0]] = {found for found in map(loader_line, run.stdout.splitlines()) if found}
+    return {program: by_path[os.path.realpath(program)] for program in programs
+            if os.path.realpath(program) in by_path}
 
 
 def loader_sets(programs, jobs):

@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <deque>
+#include <filesystem>
 #include <set>
 #include <unordered_map>
 
@@ -29,7 +30,12 @@ public:
         tell(start, Link::start, verdict, file);
         if (verdict.fate == Fate::excluded)
             return;
-        const LoadedObject& program = load(walk.search.systemPath(start), start, file, nullptr);
+        // A program started through a symbolic link finds $ORIGIN where it
+        // really lies: the loader takes it from the kernel's name of the
+        // running program, with every link resolved.
+        const std::string realStart = std::filesystem::canonical(start).string();
+        const LoadedObject& program =
+            load(walk.search.systemPath(start), start, file, nullptr, originOf(walk.search.systemPath(realStart)));
         if (verdict.fate == Fate::pruned)
             return;
         if (file.object->interpreter)
@@ -63,11 +69,13 @@ private:
         }
     }
 
+    // `origin` is the object's $ORIGIN, when it is not the directory of `path`.
     const LoadedObject& load(const std::string& path, const std::string& asked, const ElfFile& file,
-                             const LoadedObject* loader)
+                             const LoadedObject* loader, std::optional<std::string> origin = std::nullopt)
     {
         const ElfObject& object = *file.object;
-        loaded.push_back({path, &object, {originOf(path), platform.libToken, platform.platformToken}, loader});
+        loaded.push_back({path, &object,
+                          {origin ? *origin : originOf(path), platform.libToken, platform.platformToken}, loader});
         const LoadedObject& done = loaded.back();
         for (const std::string& name : {path, asked})
             answering.emplace(name, &done);

@@ -26,6 +26,19 @@ void startLibelf()
         throw ElfError("libelf does not know the current ELF version");
 }
 
+// The first bytes of a file, before libelf sees them: a file without the
+// ELF magic number is a file of another kind; one with it but shorter than
+// its header is a broken ELF file, which libelf would only call invalid.
+void checkStart(const char* bytes, std::size_t size)
+{
+    if (size < SELFMAG || std::memcmp(bytes, ELFMAG, SELFMAG) != 0)
+        throw NotElfError();
+    const std::size_t headerSize =
+        size > EI_CLASS && bytes[EI_CLASS] == ELFCLASS64 ? sizeof(Elf64_Ehdr) : sizeof(Elf32_Ehdr);
+    if (size < headerSize)
+        throw ElfError("the ELF header is cut short (" + std::to_string(size) + " bytes)");
+}
+
 // A descriptor open for reading, closed when it goes.
 class ReadOnlyFile {
 public:
@@ -44,6 +57,16 @@ public:
     ReadOnlyFile& operator=(const ReadOnlyFile&) = delete;
 
     int get() const { return descriptor; }
+
+    // The first bytes of the file, as many as an ELF header takes at most.
+    std::string start() const
+    {
+        char bytes[sizeof(Elf64_Ehdr)];
+        ssize_t size = pread(descriptor, bytes, sizeof bytes, 0);
+        if (size < 0)
+            throw ElfError(std::strerror(errno));
+        return std::string(bytes, static_cast<std::size_t>(size));
+    }
 
 private:
     int descriptor;
@@ -103,7 +126,7 @@ private:
     void readHeader(ElfObject& object)
     {
         if (elf_kind(elf) != ELF_K_ELF)
-            throwNotElf();
+            throw ElfError("an ELF header of an unknown class or byte order");
         GElf_Ehdr header;
         if (!gelf_getehdr(elf, &header))
             throw ElfError("unreadable ELF header: " + libelfMessage());
@@ -111,22 +134,6 @@ private:
         object.kind.byteOrder = header.e_ident[EI_DATA];
         object.kind.machine = header.e_machine;
         object.type = header.e_type;
-    }
-
-    // libelf sees no ELF file in a file with the ELF magic number when its
-    // header is cut short or names a class or byte order that ELF does not
-    // know; that file is a broken ELF file, not a file of another kind.
-    [[noreturn]] void throwNotElf() const
-    {
-        std::size_t size = 0;
-        const char* bytes = elf_rawfile(elf, &size);
-        if (!bytes || size < SELFMAG || std::memcmp(bytes, ELFMAG, SELFMAG) != 0)
-            throw NotElfError();
-        const std::size_t headerSize = size > EI_CLASS && bytes[EI_CLASS] == ELFCLASS64 ? sizeof(Elf64_Ehdr)
-                                                                                        : sizeof(Elf32_Ehdr);
-        if (size < headerSize)
-            throw ElfError("the ELF header is cut short (" + std::to_string(size) + " bytes)");
-        throw ElfError("an ELF header of an unknown class or byte order");
     }
 
     void readProgramHeaders()
@@ -270,6 +277,8 @@ ElfObject readElfFile(const std::string& path)
 {
     startLibelf();
     ReadOnlyFile file(path);
+    const std::string start = file.start();
+    checkStart(start.data(), start.size());
     ElfHandle elf(elf_begin(file.get(), ELF_C_READ_MMAP, nullptr));
     return Reader(elf.get()).read();
 }
@@ -277,8 +286,7 @@ ElfObject readElfFile(const std::string& path)
 ElfObject readElfMemory(const char* bytes, std::size_t size)
 {
     startLibelf();
-    if (size == 0)
-        throw NotElfError();
+    checkStart(bytes, size);
     // libelf takes the buffer as writable; a copy keeps the caller's intact.
     std::vector<char> copy(bytes, bytes + size);
     ElfHandle elf(elf_memory(copy.data(), copy.size()));

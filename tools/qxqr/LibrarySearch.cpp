@@ -95,7 +95,12 @@ Resolution LibrarySearch::probe(const std::string& candidate, const ElfKind& kin
     case ElfFile::State::elf:
         break;
     }
-    if (file.object->kind == kind)
+    // The loader checks the class before the byte order, and the byte
+    // order before the machine; only the byte order is past mending.
+    const ElfKind& found = file.object->kind;
+    if (found.elfClass == kind.elfClass && found.byteOrder != kind.byteOrder)
+        return {Resolution::Outcome::failed, candidate, "an ELF file of the other byte order"};
+    if (found == kind)
         return {Resolution::Outcome::found, candidate, ""};
     if (lastChance)
         return {Resolution::Outcome::failed, candidate, "an ELF file of another class or machine"};

@@ -30,8 +30,8 @@ struct SearchSettings {
 struct Resolution {
     enum class Outcome { found, notFound, failed };
     Outcome outcome = Outcome::notFound;
-    std::string path;     // found: where, as the system names it
-    std::string problem;  // failed: the message, naming the file that stopped the search
+    std::string path;     // found: where, failed: the file that stopped the search; as the system names it
+    std::string problem;  // failed: why
 };
 
 // Finds a needed library as the dynamic loader does. A name with a '/' is
@@ -48,7 +48,8 @@ struct Resolution {
 //      DF_1_NODEFLIB.
 // A file of another class or machine is passed over and the search goes
 // on; an absent or unreadable file too. A file that is there but is no
-// loadable ELF file stops the search, as it stops the loader.
+// loadable ELF file (not ELF, malformed, of the same class in the other
+// byte order) stops the search, as it stops the loader.
 class LibrarySearch {
 public:
     LibrarySearch(SearchSettings settings, ElfFiles& files);
