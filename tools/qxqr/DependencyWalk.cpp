@@ -6,6 +6,7 @@
 #include <deque>
 #include <filesystem>
 #include <set>
+#include <system_error>
 #include <unordered_map>
 
 namespace qxqr {
@@ -33,7 +34,10 @@ public:
         // A program started through a symbolic link finds $ORIGIN where it
         // really lies: the loader takes it from the kernel's name of the
         // running program, with every link resolved.
-        const std::string realStart = std::filesystem::canonical(start).string();
+        std::error_code unresolved;
+        std::string realStart = std::filesystem::canonical(start, unresolved).string();
+        if (unresolved)
+            realStart = start;
         const LoadedObject& program =
             load(walk.search.systemPath(start), start, file, nullptr, originOf(walk.search.systemPath(realStart)));
         if (verdict.fate == Fate::pruned)
