@@ -13,8 +13,8 @@ void registerLongNameBenchmarks();
 void registerWalkBenchmarks();
 void registerDepsBenchmarks();
 
-// The name of a `qxqr deps` figure: "qxqr", "qxqrBundleRules" or "ldd",
-// sized by the programs of /usr/bin it runs over.
+// The name of a `qxqr deps` figure: "qxqr", "qxqrBundleRules", "ldd" or
+// "bundleRulesQuestions", sized by the programs of /usr/bin it runs over.
 std::string depsBenchmarkName(const std::string& on);
 
 } // namespace qxqr::bench

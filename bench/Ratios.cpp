@@ -32,6 +32,7 @@ std::vector<Pair> pairs()
     made.emplace_back(benchmarkName("walk", "qxqr", walkTreeFiles), benchmarkName("walk", "find", walkTreeFiles));
     made.emplace_back(depsBenchmarkName("qxqr"), depsBenchmarkName("ldd"));
     made.emplace_back(depsBenchmarkName("qxqrBundleRules"), depsBenchmarkName("qxqr"));
+    made.emplace_back(depsBenchmarkName("bundleRulesQuestions"), depsBenchmarkName("qxqr"));
     return made;
 }
 

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <deque>
 #include <filesystem>
+#include <map>
 #include <set>
 #include <system_error>
 #include <unordered_map>
@@ -27,7 +28,7 @@ public:
         this->start = start;
         kind = file.object->kind;
         platform = LoaderPlatform::of(kind);
-        Visit verdict = walk.decide(start, nullptr);
+        const Visit verdict = walk.decide(start, nullptr);
         tell(start, Link::start, verdict, file);
         if (verdict.fate == Fate::excluded)
             return;
@@ -131,7 +132,7 @@ private:
             answering.emplace(name, same->second);
             return;
         }
-        Visit verdict = walk.decide(file, &caller);
+        const Visit verdict = walk.decide(file, &caller);
         tell(name, link, verdict, found);
         const LoadedObject& object = load(resolution.path, name, found, &requester);
         if (verdict.fate == Fate::kept)
@@ -151,7 +152,7 @@ private:
         }
         if (byIdentity.count(found.identity) || !listed.insert(found.identity).second)
             return;
-        Visit verdict = walk.decide(included, &caller);
+        const Visit verdict = walk.decide(included, &caller);
         tell(included, Link::included, verdict, found);
         if (verdict.fate == Fate::excluded)
             return;
@@ -188,13 +189,9 @@ void DependencyWalk::walkFrom(const std::string& start, const DependencyReport& 
 
 Visit DependencyWalk::decide(const std::string& file, const std::string* caller)
 {
-    if (!rules)
-        return Visit{file, caller ? std::optional<std::string>(*caller) : std::nullopt, Fate::kept, std::nullopt, {}};
-    auto key = std::make_pair(file, caller ? std::optional<std::string>(*caller) : std::nullopt);
-    auto known = verdicts.find(key);
-    if (known == verdicts.end())
-        known = verdicts.emplace(key, visit(*rules, file, caller)).first;
-    return known->second;
+    if (rules)
+        return visit(*rules, file, caller);
+    return Visit{file, caller ? std::optional<std::string>(*caller) : std::nullopt, Fate::kept, std::nullopt, {}};
 }
 
 } // namespace qxqr

@@ -8,10 +8,8 @@
 #include <qxqrscript/Rules.hpp>
 
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
-#include <utility>
 
 namespace qxqr {
 
@@ -58,7 +56,9 @@ public:
 
     void walkFrom(const std::string& start, const DependencyReport& report);
 
-    // The rules' verdict, asked once for each file and caller in a run.
+    // The rules' verdict on `file` met through `caller` (null for a start
+    // file); without rules, a kept file. Asked anew each time: a question
+    // costs the rules less than remembering its answer by two names would.
     Visit decide(const std::string& file, const std::string* caller);
 
 private:
@@ -67,7 +67,6 @@ private:
     QuorelScript::Rules* rules;
     LibrarySearch& search;
     ElfFiles& files;
-    std::map<std::pair<std::string, std::optional<std::string>>, Visit> verdicts;
 };
 
 } // namespace qxqr
