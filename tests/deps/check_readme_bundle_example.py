@@ -13,14 +13,13 @@ lie elsewhere, the check is skipped.
 
 import argparse
 import os
-import shlex
 import shutil
 import subprocess
 import sys
 import tempfile
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "tool"))
-from check_readme_example import fenced_block  # noqa: E402
+from check_readme_example import console_session  # noqa: E402
 from fixture_builder import Builder  # noqa: E402
 
 SKIPPED = 77
@@ -55,14 +54,9 @@ def main():
     options = arguments.parse_args()
 
     readme = open(options.readme, encoding="utf-8").read()
-    session, _ = fenced_block(readme, "console", readme.index("`examples/bundle.rules`"))
-    command_text, _, expected = session.partition("\n")
-    while command_text.endswith("\\"):
-        continuation, _, expected = expected.partition("\n")
-        command_text = command_text[:-1] + " " + continuation.strip()
-    command = shlex.split(command_text.removeprefix("$ "))
+    command, expected = console_session(readme, readme.index("`examples/bundle.rules`"))
     if command[:2] != ["build/qxqr", "deps"]:
-        sys.exit(f"the README's command should start with build/qxqr deps: {command_text}")
+        sys.exit(f"the README's command should start with build/qxqr deps: {' '.join(command)}")
 
     with tempfile.TemporaryDirectory() as scratch:
         program = build_application(Builder(options.compiler, scratch))

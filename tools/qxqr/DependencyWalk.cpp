@@ -2,6 +2,7 @@
 
 #include "LoaderPlatform.hpp"
 
+#include <cerrno>
 #include <cstring>
 #include <deque>
 #include <filesystem>
@@ -32,15 +33,7 @@ public:
         tell(start, Link::start, verdict, file);
         if (verdict.fate == Fate::excluded)
             return;
-        // A program started through a symbolic link finds $ORIGIN where it
-        // really lies: the loader takes it from the kernel's name of the
-        // running program, with every link resolved.
-        std::error_code unresolved;
-        std::string realStart = std::filesystem::canonical(start, unresolved).string();
-        if (unresolved)
-            realStart = start;
-        const LoadedObject& program =
-            load(walk.search.systemPath(start), start, file, nullptr, originOf(walk.search.systemPath(realStart)));
+        const LoadedObject& program = load(walk.search.systemPath(start), start, file, nullptr, programOrigin());
         if (verdict.fate == Fate::pruned)
             return;
         if (file.object->interpreter)
@@ -61,6 +54,16 @@ private:
         const LoadedObject* object;  // null for a file that is no object of this process
         std::vector<std::string> includes;
     };
+
+    // A program started through a symbolic link finds $ORIGIN where it
+    // really lies: the loader takes it from the kernel's name of the
+    // running program, with every link resolved.
+    std::string programOrigin() const
+    {
+        std::error_code unresolved;
+        std::string real = std::filesystem::canonical(start, unresolved).string();
+        return originOf(walk.search.systemPath(unresolved ? start : real));
+    }
 
     static std::string reasonOf(const ElfFile& file)
     {
