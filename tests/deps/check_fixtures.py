@@ -189,12 +189,12 @@ def filled(text, names):
 
 def check_forms(qxqr, b):
     """The forms of the output, the rules and --copy-to, on an application with a plug-in folder."""
-    b.library("bundle/lib/libhelper.so.1")
-    b.library("bundle/plugins/libplug.so", ["bundle/lib/libhelper.so.1"],
+    b.library("bundle/lib/libcommon.so.1")
+    b.library("bundle/plugins/libplug.so", ["bundle/lib/libcommon.so.1"],
               ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"])
     with open(b.path("bundle/plugins/notes.txt"), "w") as notes:
         notes.write("not a library\n")
-    program = b.program("bundle/bin/app", ["bundle/lib/libhelper.so.1"],
+    program = b.program("bundle/bin/app", ["bundle/lib/libcommon.so.1"],
                         ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"])
     with open(b.path("bundle.rules"), "w") as rules:
         rules.write("exclude if $name == libc.so\ninclude $vantor/plugins if $dir == $vantor/bin\n")
@@ -208,7 +208,7 @@ def check_forms(qxqr, b):
     text = deps("--explain", *common, "--", program)
     expected = filled("ROOT/bundle/bin/app: kept\n"
                       "LOADER: kept (interpreter of ROOT/bundle/bin/app)\n"
-                      "ROOT/bundle/bin/../lib/libhelper.so.1: kept (needed by ROOT/bundle/bin/app)\n"
+                      "ROOT/bundle/bin/../lib/libcommon.so.1: kept (needed by ROOT/bundle/bin/app)\n"
                       "LIBC: excluded (needed by ROOT/bundle/bin/app)\n"
                       "    bundle.rules, line 1:\n"
                       "    exclude if $name == libc.so\n"
@@ -219,7 +219,7 @@ def check_forms(qxqr, b):
           f"text form:\n{text.stdout}{text.stderr}expected:\n{expected}")
 
     paths = deps(*common, "--format", "paths", "--", program)
-    expected = filled("LOADER\nROOT/bundle/bin/../lib/libhelper.so.1\nLIBC\nROOT/bundle/plugins/libplug.so\n"
+    expected = filled("LOADER\nROOT/bundle/bin/../lib/libcommon.so.1\nLIBC\nROOT/bundle/plugins/libplug.so\n"
                       "ROOT/bundle/plugins/notes.txt\n", names)
     check(paths.stdout == expected, f"paths form:\n{paths.stdout}expected:\n{expected}")
 
@@ -229,8 +229,8 @@ def check_forms(qxqr, b):
           f"JSON summary: {document['summary']}")
     check(by_name["libc.so.6"]["fate"] == "excluded" and by_name["libc.so.6"]["rule"]["line"] == 1,
           f"JSON libc: {by_name['libc.so.6']}")
-    check(by_name["libhelper.so.1"]["soname"] == "libhelper.so.1" and by_name["libhelper.so.1"]["link"] == "needed",
-          f"JSON libhelper: {by_name['libhelper.so.1']}")
+    check(by_name["libcommon.so.1"]["soname"] == "libcommon.so.1" and by_name["libcommon.so.1"]["link"] == "needed",
+          f"JSON libcommon: {by_name['libcommon.so.1']}")
     check(by_name[program]["includes"] == [b.path("bundle/plugins/libplug.so"), b.path("bundle/plugins/notes.txt")],
           f"JSON app: {by_name[program]}")
 
@@ -242,10 +242,10 @@ def check_forms(qxqr, b):
 
     copy = deps(*common, "--copy-to", "shipped", "--format", "paths", "--", program)
     shipped = sorted(os.listdir(b.path("shipped"))) if os.path.isdir(b.path("shipped")) else []
-    wanted = sorted([os.path.basename(names["LOADER"]), "libhelper.so.1", "libplug.so", "notes.txt"])
+    wanted = sorted([os.path.basename(names["LOADER"]), "libcommon.so.1", "libplug.so", "notes.txt"])
     check(copy.returncode == 0 and shipped == wanted, f"--copy-to made {shipped}, expected {wanted}: {copy.stderr}")
-    with open(b.path("shipped/libhelper.so.1"), "rb") as copied, \
-            open(b.path("bundle/lib/libhelper.so.1"), "rb") as original:
+    with open(b.path("shipped/libcommon.so.1"), "rb") as copied, \
+            open(b.path("bundle/lib/libcommon.so.1"), "rb") as original:
         check(copied.read() == original.read(), "--copy-to changed a library")
 
 

@@ -19,7 +19,7 @@ import sys
 import tempfile
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "tool"))
-from check_readme_example import console_session  # noqa: E402
+from check_readme_example import console_example  # noqa: E402
 from fixture_builder import Builder  # noqa: E402
 
 SKIPPED = 77
@@ -54,7 +54,7 @@ def main():
     options = arguments.parse_args()
 
     readme = open(options.readme, encoding="utf-8").read()
-    command, expected = console_session(readme, readme.index("`examples/bundle.rules`"))
+    command, expected = console_example(readme, readme.index("`examples/bundle.rules`"))
     if command[:2] != ["build/qxqr", "deps"]:
         sys.exit(f"the README's command should start with build/qxqr deps: {' '.join(command)}")
 

@@ -23,11 +23,11 @@ def fenced_block(text, kind, start):
     return text[opening:closing], closing
 
 
-def console_session(text, start):
+def console_example(text, start):
     """The first ```console block after `start`: the words of its "$ " command (continued with
     trailing backslashes) and the exact output shown after it."""
-    session, _ = fenced_block(text, "console", start)
-    command_text, _, expected = session.partition("\n")
+    example, _ = fenced_block(text, "console", start)
+    command_text, _, expected = example.partition("\n")
     while command_text.endswith("\\"):
         continuation, _, expected = expected.partition("\n")
         command_text = command_text[:-1] + " " + continuation.strip()
@@ -43,7 +43,7 @@ def main():
 
     readme = Path(options.readme).read_text(encoding="utf-8")
     script, after = fenced_block(readme, "text", readme.index("`project.rules`"))
-    command, expected = console_session(readme, after)
+    command, expected = console_example(readme, after)
     if command[0] != "build/qxqr":
         sys.exit(f"the README's command should start with build/qxqr: {' '.join(command)}")
 
