@@ -23,6 +23,17 @@ def fenced_block(text, kind, start):
     return text[opening:closing], closing
 
 
+def console_example(text, start):
+    """The first ```console block after `start`: the words of its "$ " command (continued with
+    trailing backslashes) and the exact output shown after it."""
+    example, _ = fenced_block(text, "console", start)
+    command_text, _, expected = example.partition("\n")
+    while command_text.endswith("\\"):
+        continuation, _, expected = expected.partition("\n")
+        command_text = command_text[:-1] + " " + continuation.strip()
+    return shlex.split(re.sub(r"^\$ ", "", command_text)), expected
+
+
 def main():
     arguments = argparse.ArgumentParser()
     arguments.add_argument("readme")
@@ -32,15 +43,9 @@ def main():
 
     readme = Path(options.readme).read_text(encoding="utf-8")
     script, after = fenced_block(readme, "text", readme.index("`project.rules`"))
-    session, _ = fenced_block(readme, "console", after)
-
-    command_text, _, expected = session.partition("\n")
-    while command_text.endswith("\\"):
-        continuation, _, expected = expected.partition("\n")
-        command_text = command_text[:-1] + " " + continuation.strip()
-    command = shlex.split(re.sub(r"^\$ ", "", command_text))
+    command, expected = console_example(readme, after)
     if command[0] != "build/qxqr":
-        sys.exit(f"the README's command should start with build/qxqr: {command_text}")
+        sys.exit(f"the README's command should start with build/qxqr: {' '.join(command)}")
 
     with tempfile.TemporaryDirectory() as scratch:
         Path(scratch, "project.rules").write_text(script, encoding="utf-8")

@@ -60,9 +60,11 @@ std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& s
     return rules;
 }
 
-void addScriptsOperand(CLI::App& command, std::vector<std::string>& scripts)
+void addScriptsOperand(CLI::App& command, std::vector<std::string>& scripts, bool optional)
 {
-    command.add_option("SCRIPT", scripts, "rules scripts, parsed in order into one rule set")->type_name("")->required();
+    command.add_option("SCRIPT", scripts, "rules scripts, parsed in order into one rule set")
+        ->type_name("")
+        ->required(!optional);
 }
 
 } // namespace qxqr

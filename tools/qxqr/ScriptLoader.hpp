@@ -22,8 +22,9 @@ namespace qxqr {
 // line.
 std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& scripts, bool verbose = false);
 
-// The SCRIPT... operands of a command that reads scripts into one rule set.
-void addScriptsOperand(CLI::App& command, std::vector<std::string>& scripts);
+// The SCRIPT... operands of a command that reads scripts into one rule set;
+// at least one unless `optional`.
+void addScriptsOperand(CLI::App& command, std::vector<std::string>& scripts, bool optional = false);
 
 } // namespace qxqr
 
