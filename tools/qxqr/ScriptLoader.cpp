@@ -2,6 +2,7 @@
 
 #include "Command.hpp"
 #include "ScriptFile.hpp"
+#include "SyntaxHint.hpp"
 
 #include <qxqrscript/FileReader.hpp>
 
@@ -51,7 +52,7 @@ std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& s
         else
             readFile(reader, rules, script);
         if (!syntaxErrors.str().empty())
-            throw Failure(syntaxErrors.str());
+            throw Failure(syntaxErrors.str() + syntaxHint(syntaxErrors.str()));
         if (!rules) {  // readable a moment ago, but not when the library read it
             const ScriptFile again(script);  // throws with the reason, if it has one now
             ScriptFile::refuse(script, "It changed while it was read");

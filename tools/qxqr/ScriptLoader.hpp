@@ -17,7 +17,8 @@ namespace qxqr {
 // rule set, each further one is appended to it. A script "-" is standard
 // input, named "<standard input>" in syntax errors and rule texts. Throws
 // Failure with "qxqr: cannot read 'X': <reason>" for a script that cannot
-// be read, and with the library's own report for a syntax error. With
+// be read, and with the library's own report for a syntax error, followed by a
+// hint when the failing line is a known pitfall (SyntaxHint.hpp). With
 // `verbose` the library traces on standard output how it understood each
 // line.
 std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& scripts, bool verbose = false);
