@@ -7,6 +7,7 @@ namespace CLI {
 class App;
 }
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,8 +21,11 @@ namespace qxqr {
 // be read, and with the library's own report for a syntax error, followed by a
 // hint when the failing line is a known pitfall (SyntaxHint.hpp). With
 // `verbose` the library traces on standard output how it understood each
-// line.
-std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& scripts, bool verbose = false);
+// line. With `texts`, the tool reads every script itself and keeps its text
+// there, under the name the library knows it by.
+typedef std::map<std::string, std::string> ScriptTexts;
+std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& scripts, bool verbose = false,
+                                               ScriptTexts* texts = nullptr);
 
 // The SCRIPT... operands of a command that reads scripts into one rule set.
 void addScriptsOperand(CLI::App& command, std::vector<std::string>& scripts);

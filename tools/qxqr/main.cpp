@@ -3,6 +3,7 @@
 
 #include "Arguments.hpp"
 #include "CheckCommand.hpp"
+#include "LintCommand.hpp"
 #include "Command.hpp"
 #include "OperandReader.hpp"
 #include "QueryCommand.hpp"
@@ -100,7 +101,7 @@ int main(int argc, char** argv)
 {
     Arguments arguments = splitAtSeparator(argc, argv);
 
-    CLI::App qxqr("Check, query and walk rules scripts.", "qxqr");
+    CLI::App qxqr("Check, query, walk, explain and lint rules scripts.", "qxqr");
     qxqr.require_subcommand(1);
     qxqr.set_version_flag("--version", versionText, "Print the library's version and build date and exit");
     qxqr.failure_message([](const CLI::App* app, const CLI::Error& error) { return usageMessage(*app, error.what()); });
@@ -108,6 +109,7 @@ int main(int argc, char** argv)
     QueryCommand query(qxqr);
     WalkCommand walk(qxqr);
     TraceCommand trace(qxqr);
+    LintCommand lint(qxqr);
 
     try {
         qxqr.parse(static_cast<int>(arguments.parsed.size()), arguments.parsed.data());
@@ -118,7 +120,7 @@ int main(int argc, char** argv)
     }
 
     try {
-        return write(runCommand(selectedCommand({&check, &query, &walk, &trace}), arguments));
+        return write(runCommand(selectedCommand({&check, &query, &walk, &trace, &lint}), arguments));
     } catch (const UsageError& error) {
         return write({"", usageMessage(qxqr, error.what()), usageStatus});
     } catch (const Failure& failure) {
