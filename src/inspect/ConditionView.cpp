@@ -135,9 +135,12 @@ Node pathView(const Expression<Path>& path) {
 // becomes the next operand of the node that put it there; the work list is
 // a stack that holds the operands in reverse, so that every subtree is
 // complete before its next sibling begins, and the nodes come in preorder.
-Inspect::Condition conditionView(const Expression<bool>& condition) {
+Inspect::Condition conditionView(const Expression<bool>& condition, std::vector<NodeSource>* sources) {
     static const std::size_t noParent = static_cast<std::size_t>(-1);
     Inspect::Condition view;
+    std::vector<NodeSource> unused;
+    std::vector<NodeSource>& sourceOf = sources ? *sources : unused;
+    sourceOf.clear();
     std::vector<std::pair<const Expression<bool>*, std::size_t>> pending{{&condition, noParent}};
     while (!pending.empty()) {
         const auto [expression, parent] = pending.back();
@@ -151,8 +154,13 @@ Inspect::Condition conditionView(const Expression<bool>& condition) {
             view.nodes.push_back(std::move(node));
         else
             appendOperand(view, parent, std::move(node));
-        for (const Expression<Path>* path : pathOperands(*expression, view.nodes[index].kind))
+        if (sources)
+            sourceOf.push_back({expression, nullptr});
+        for (const Expression<Path>* path : pathOperands(*expression, view.nodes[index].kind)) {
             appendOperand(view, index, pathView(*path));
+            if (sources)
+                sourceOf.push_back({nullptr, path});
+        }
         const std::vector<const Expression<bool>*> operands = conditionOperands(*expression, view.nodes[index].kind);
         for (auto operand = operands.rbegin(); operand != operands.rend(); ++operand)
             pending.emplace_back(*operand, index);

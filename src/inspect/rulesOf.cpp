@@ -1,11 +1,7 @@
-#include "inspect/ConditionView.hpp"
-#include "inspect/RecordedText.hpp"
+#include "inspect/RuleView.hpp"
 #include "rules/ParsedRules.hpp"
-#include "rules/printRule.hpp"
 
 #include <qxqrscript/inspect.hpp>
-
-#include <sstream>
 
 namespace QuorelScript {
 
@@ -13,44 +9,22 @@ namespace Inspect {
 
 namespace {
 
-void addPaths(Rule&, const ConditionRule&) {}
-
-void addPaths(Rule& view, const IncludeRule& rule) {
-    for (const Expression<QuorelScript::Path>* path : *rule.paths)
-        view.paths.push_back(pathView(*path));
-}
-
 template <class Recorded>
-void appendViews(std::vector<Rule>& views, const std::vector<Recorded*>* rules, RuleKind kind) {
+void appendViews(std::vector<Rule>& views, const std::vector<Recorded*>* rules) {
     if (rules == nullptr)
         return;
-    for (std::size_t position = 0; position < rules->size(); ++position) {
-        const Recorded& rule = *(*rules)[position];
-        Rule view;
-        view.kind = kind;
-        view.position = position;
-        view.recordedText = rule.debugInfo;
-        RecordedText parts = splitRecordedText(rule.debugInfo);
-        view.script = std::move(parts.script);
-        view.line = parts.line;
-        view.text = std::move(parts.text);
-        std::ostringstream printed;
-        printRule(printed, rule);
-        view.printed = printed.str();
-        view.condition = conditionView(*rule.condition);
-        addPaths(view, rule);
-        views.push_back(std::move(view));
-    }
+    for (std::size_t position = 0; position < rules->size(); ++position)
+        views.push_back(ruleView(*(*rules)[position], position));
 }
 
 void appendKind(std::vector<Rule>& views, const ParsedRules& rules, RuleKind kind) {
     switch (kind) {
     case RuleKind::Exclude:
-        return appendViews(views, rules.excludeRuleList(), kind);
+        return appendViews(views, rules.excludeRuleList());
     case RuleKind::Prune:
-        return appendViews(views, rules.pruneRuleList(), kind);
+        return appendViews(views, rules.pruneRuleList());
     case RuleKind::Include:
-        return appendViews(views, rules.includeRuleList(), kind);
+        return appendViews(views, rules.includeRuleList());
     }
 }
 
