@@ -10,6 +10,7 @@
 #include "StandardOutput.hpp"
 #include "TraceCommand.hpp"
 #include "WalkCommand.hpp"
+#include "WhyCommand.hpp"
 
 #include <qxqrscript/version.hpp>
 
@@ -109,6 +110,7 @@ int main(int argc, char** argv)
     QueryCommand query(qxqr);
     WalkCommand walk(qxqr);
     TraceCommand trace(qxqr);
+    WhyCommand why(qxqr);
     LintCommand lint(qxqr);
 
     try {
@@ -120,7 +122,7 @@ int main(int argc, char** argv)
     }
 
     try {
-        return write(runCommand(selectedCommand({&check, &query, &walk, &trace, &lint}), arguments));
+        return write(runCommand(selectedCommand({&check, &query, &walk, &trace, &why, &lint}), arguments));
     } catch (const UsageError& error) {
         return write({"", usageMessage(qxqr, error.what()), usageStatus});
     } catch (const Failure& failure) {
