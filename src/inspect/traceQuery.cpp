@@ -25,11 +25,11 @@ private:
     std::vector<std::string>& files_;
 };
 
-Expansion expansionOf(IncludeExpansion expansion) {
+Expansion expansionOf(PathExpansion expansion) {
     switch (expansion) {
-    case IncludeExpansion::directory:
+    case PathExpansion::directory:
         return Expansion::Directory;
-    case IncludeExpansion::pattern:
+    case PathExpansion::pattern:
         return Expansion::Pattern;
     default:
         return Expansion::Plain;
@@ -41,6 +41,14 @@ std::vector<Variable> variablesOf(const Bindings& bindings) {
     for (const auto& [name, value] : bindings)
         variables.push_back({name.text(), value.text()});
     return variables;
+}
+
+// The variables of a query about `file` and `caller`, as the query binds
+// them; the trace shows them.
+Bindings queryBindings(QueryTrace& trace, const ParsedRules& rules, const char* file, const char* caller) {
+    Bindings bindings(rules.configuredRoot().c_str(), file, caller, rules.configuredCwd().c_str());
+    trace.variables = variablesOf(bindings);
+    return bindings;
 }
 
 // The rule traced, its condition evaluated against `bindings`.
@@ -66,8 +74,7 @@ void traceFirstMatch(QueryTrace& trace, ParsedRules& rules, const std::vector<Re
                      const char* caller) {
     if (list == nullptr)
         return;
-    const Bindings bindings(rules.configuredRoot().c_str(), file, caller, rules.configuredCwd().c_str());
-    trace.variables = variablesOf(bindings);
+    const Bindings bindings = queryBindings(trace, rules, file, caller);
     for (std::size_t position = 0; position < list->size(); ++position) {
         const Recorded& rule = *(*list)[position];
         if (trace.answer) {
@@ -88,8 +95,7 @@ void traceIncludes(QueryTrace& trace, const ParsedRules& rules, const char* file
     const IncludeRuleList* list = rules.includeRuleList();
     if (list == nullptr)
         return;
-    const Bindings bindings(rules.configuredRoot().c_str(), file, nullptr, rules.configuredCwd().c_str());
-    trace.variables = variablesOf(bindings);
+    const Bindings bindings = queryBindings(trace, rules, file, nullptr);
     for (std::size_t position = 0; position < list->size(); ++position) {
         const IncludeRule& rule = *(*list)[position];
         RuleTrace traced = tracedRule(rule, position, bindings);

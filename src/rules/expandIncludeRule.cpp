@@ -26,14 +26,14 @@ void includeMatches(const char* path, bool isDirectory, QuorelRules::Includer& i
 
 } // namespace
 
-IncludeExpansion includeFilesOf(const char* path, QuorelRules::Includer& includer) {
+PathExpansion includeFilesOf(const char* path, QuorelRules::Includer& includer) {
     const bool isDirectory = kfIsDirectory(path);
     if (isDirectory || holdsWildcard(path)) {
         includeMatches(path, isDirectory, includer);
-        return isDirectory ? IncludeExpansion::directory : IncludeExpansion::pattern;
+        return isDirectory ? PathExpansion::directory : PathExpansion::pattern;
     }
     includer.include(path);
-    return IncludeExpansion::plain;
+    return PathExpansion::plain;
 }
 
 void expandIncludeRule(const IncludeRule& rule, const Bindings& bindings, QuorelRules::Includer& includer) {

@@ -1,5 +1,6 @@
 #include "rules/ParsedRules.hpp"
 
+#include "ForeignRules.hpp"
 #include "RulesTesting.hpp"
 
 #include <qxqrscript/Parser.hpp>
@@ -99,26 +100,8 @@ TEST(rulesOf, ChangesNothing) {
     EXPECT_TRUE(rules->isExcluded("a", nullptr, nullptr));
 }
 
-// A rule set of the host's own making.
-class OtherRules : public Rules {
-public:
-    bool isExcluded(const char*, const char*, const char*) override { return false; }
-    bool isPruned(const char*, const char*, const char*) override { return false; }
-    void getIncludes(const char*, const char*, QuorelRules::Includer&) override {}
-    void setVantorRoot(const char*) override {}
-    void setCwd(const char*) override {}
-    int setCwdFromProcess() override { return 0; }
-    void bindVariable(const char*, const char*) override {}
-    void precompute() override {}
-    std::ostream& print(std::ostream& os) const override { return os; }
-    const std::string& getLastMatchText() const override { return text; }
-
-private:
-    std::string text;
-};
-
 TEST(rulesOf, ARuleSetOfAnotherMakeHasNoneToShow) {
-    OtherRules rules;
+    ForeignRules rules;
     EXPECT_TRUE(rulesOf(rules).empty());
     EXPECT_TRUE(rulesOf(rules, RuleKind::Exclude).empty());
 }

@@ -1,3 +1,4 @@
+#include "ForeignRules.hpp"
 #include "RulesTesting.hpp"
 #include "TempTree.hpp"
 
@@ -123,20 +124,7 @@ TEST(traceQuery, FollowsTheRulesAsPrecomputeLeftThem) {
 }
 
 TEST(traceQuery, ARuleSetOfAnotherMakeGivesAnEmptyTrace) {
-    class Other : public Rules {
-    public:
-        bool isExcluded(const char*, const char*, const char*) override { return true; }
-        bool isPruned(const char*, const char*, const char*) override { return true; }
-        void getIncludes(const char*, const char*, QuorelRules::Includer&) override {}
-        void setVantorRoot(const char*) override {}
-        void setCwd(const char*) override {}
-        int setCwdFromProcess() override { return 0; }
-        void bindVariable(const char*, const char*) override {}
-        void precompute() override {}
-        std::ostream& print(std::ostream& os) const override { return os; }
-        const std::string& getLastMatchText() const override { return text; }
-        std::string text;
-    } other;
+    ForeignRules other;
     const QueryTrace trace = traceQuery(other, Question::Excluded, "a", nullptr);
     EXPECT_TRUE(trace.rules.empty());
     EXPECT_FALSE(trace.answer);
