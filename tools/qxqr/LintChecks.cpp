@@ -137,7 +137,7 @@ std::vector<std::optional<bool>> valuesWithoutAFile(const Condition& condition)
     std::vector<std::optional<bool>> values(nodes.size());
     auto fixedText = [&](std::size_t index) -> std::optional<std::string> {
         const Node& node = nodes[index];
-        if (node.kind != NodeKind::Path || !node.variables.empty() || node.text.find('$') != std::string::npos)
+        if (node.kind != NodeKind::Path || node.text.find('$') != std::string::npos)
             return std::nullopt;
         return node.text;
     };
