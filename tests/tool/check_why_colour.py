@@ -14,6 +14,8 @@ import sys
 import tempfile
 from pathlib import Path
 
+from terminal import read_until_closed
+
 ESCAPE = "\x1b["
 
 
@@ -23,15 +25,7 @@ def why_on_terminal(qxqr, directory, options, environment):
     process = subprocess.Popen([qxqr, "why"] + options + ["s.rules", "--", "a.c"], cwd=directory,
                                stdout=terminal, stderr=subprocess.PIPE, env=environment)
     os.close(terminal)
-    shown = b""
-    while True:
-        try:
-            chunk = os.read(controller, 65536)
-        except OSError:  # the terminal closes when the command ends
-            break
-        if not chunk:
-            break
-        shown += chunk
+    shown = read_until_closed(controller)
     process.wait()
     os.close(controller)
     if process.returncode != 0:
