@@ -10,6 +10,7 @@
 #include <qxqrscript/inspect.hpp>
 
 #include "SmallStack.hpp"
+#include "TempTree.hpp"
 
 #include <gtest/gtest.h>
 
@@ -263,6 +264,36 @@ TEST(SmallStack, LongLists) {
                      "$dir/last.h] if equals($ext,.c)\n\n";
     script.answers = Answers{true, false, paths + 1};
     expectWorks(script, Precompute::yes);
+}
+
+// An include rule's wildcard pattern as deep below its first wildcard as the
+// directory services match (40 names), and one name deeper, which matches
+// nothing; each expanded on the small stack.
+TEST(SmallStack, DeepestWildcardPattern) {
+    TempTree tree;
+    std::string deep = "f";
+    for (int level = 1; level < 41; ++level)
+        deep = "d/" + deep;
+    tree.file(deep);
+    const std::string deepest = "$cwd/d/*/" + deep.substr(4);
+    const std::string deeper = "$cwd/*/" + deep.substr(2);
+    int matches = -1;
+    int deeperMatches = -1;
+    SmallStack::run([&] {
+        Parser parser;
+        std::unique_ptr<Rules> rules(parser.parse(
+            ("include [" + deepest + "] if $name == x\ninclude [" + deeper + "] if $name == y\n").c_str()));
+        ASSERT_NE(nullptr, rules);
+        rules->setCwd(tree.path().c_str());
+        CountingIncluder includer;
+        rules->getIncludes(file, nullptr, includer);
+        matches = includer.count;
+        CountingIncluder deeperIncluder;
+        rules->getIncludes("/nowhere/src/y.c", nullptr, deeperIncluder);
+        deeperMatches = deeperIncluder.count;
+    });
+    EXPECT_EQ(1, matches);
+    EXPECT_EQ(0, deeperMatches);
 }
 
 } // namespace
