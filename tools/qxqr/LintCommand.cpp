@@ -37,16 +37,18 @@ bool isSilenced(const LintWarning& warning, const std::vector<std::string>& disa
 {
     if (std::find(disabled.begin(), disabled.end(), warning.check) != disabled.end())
         return true;
-    const auto text = texts.find(warning.rule->script);
-    return text != texts.end() && checksDisabledBefore(text->second, firstLineOf(*warning.rule)).count(warning.check);
+    const auto script = std::find_if(texts.begin(), texts.end(),
+                                     [&](const ScriptText& text) { return text.name == warning.rule->script; });
+    return script != texts.end() && checksDisabledBefore(script->text, firstLineOf(*warning.rule)).count(warning.check);
 }
 
 // In the order of the scripts as given, then of their lines.
-void sortByPlace(std::vector<LintWarning>& warnings, const std::vector<std::string>& scriptNames)
+void sortByPlace(std::vector<LintWarning>& warnings, const ScriptTexts& scripts)
 {
     auto order = [&](const LintWarning& warning) {
-        const auto script = std::find(scriptNames.begin(), scriptNames.end(), warning.rule->script);
-        return std::make_pair(script - scriptNames.begin(), warning.rule->line);
+        const auto script = std::find_if(scripts.begin(), scripts.end(),
+                                         [&](const ScriptText& text) { return text.name == warning.rule->script; });
+        return std::make_pair(script - scripts.begin(), warning.rule->line);
     };
     std::stable_sort(warnings.begin(), warnings.end(),
                      [&](const LintWarning& a, const LintWarning& b) { return order(a) < order(b); });
@@ -98,10 +100,7 @@ Result LintCommand::run(OperandReader&)
     warnings.erase(std::remove_if(warnings.begin(), warnings.end(),
                                   [&](const LintWarning& warning) { return isSilenced(warning, disabled, texts); }),
                    warnings.end());
-    std::vector<std::string> scriptNames;
-    for (const std::string& script : scripts)
-        scriptNames.push_back(script == "-" ? "<standard input>" : script);
-    sortByPlace(warnings, scriptNames);
+    sortByPlace(warnings, texts);
 
     Result result;
     if (format.isJson()) {

@@ -52,9 +52,10 @@ std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& s
             const std::string text = file.readWhole();
             parseText(reader.getParser(), rules, file.scriptName(), text);
             if (texts)
-                (*texts)[file.scriptName()] = text;
-        } else
+                texts->push_back({file.scriptName(), text});
+        } else {
             readFile(reader, rules, script);
+        }
         if (!syntaxErrors.str().empty())
             throw Failure(syntaxErrors.str() + syntaxHint(syntaxErrors.str()));
         if (!rules) {  // readable a moment ago, but not when the library read it

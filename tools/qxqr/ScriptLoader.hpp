@@ -7,7 +7,6 @@ namespace CLI {
 class App;
 }
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,8 +21,12 @@ namespace qxqr {
 // hint when the failing line is a known pitfall (SyntaxHint.hpp). With
 // `verbose` the library traces on standard output how it understood each
 // line. With `texts`, the tool reads every script itself and keeps its text
-// there, under the name the library knows it by.
-typedef std::map<std::string, std::string> ScriptTexts;
+// there, in order, under the name the library knows it by.
+struct ScriptText {
+    std::string name;
+    std::string text;
+};
+typedef std::vector<ScriptText> ScriptTexts;
 std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& scripts, bool verbose = false,
                                                ScriptTexts* texts = nullptr);
 
