@@ -4,6 +4,7 @@
 #include "expr/BooleanLiteral.hpp"
 #include "expr/EqualsExpression.hpp"
 #include "expr/ExistsExpression.hpp"
+#include "expr/exactType.hpp"
 #include "expr/InExpression.hpp"
 #include "expr/MultiAndExpression.hpp"
 #include "expr/MultiOrExpression.hpp"
@@ -14,7 +15,6 @@
 
 #include <optional>
 #include <sstream>
-#include <typeinfo>
 #include <utility>
 
 namespace QuorelScript {
@@ -95,33 +95,32 @@ void appendOperand(Inspect::Condition& view, std::size_t parent, Node node) {
 } // namespace
 
 NodeKind nodeKindOf(const Expression<bool>& condition) {
-    const std::type_info& type = typeid(condition);
-    if (type == typeid(BooleanLiteral))
+    if (isExactly<BooleanLiteral>(condition))
         return static_cast<const BooleanLiteral&>(condition).value() ? NodeKind::True : NodeKind::False;
-    if (type == typeid(AndExpression))
+    if (isExactly<AndExpression>(condition))
         return NodeKind::And;
-    if (type == typeid(OrExpression))
+    if (isExactly<OrExpression>(condition))
         return NodeKind::Or;
-    if (type == typeid(NotExpression<bool>))
+    if (isExactly<NotExpression<bool>>(condition))
         return NodeKind::Not;
-    if (type == typeid(MultiAndExpression))
+    if (isExactly<MultiAndExpression>(condition))
         return NodeKind::AllOf;
-    if (type == typeid(MultiOrExpression))
+    if (isExactly<MultiOrExpression>(condition))
         return NodeKind::AnyOf;
-    if (type == typeid(EqualsExpression<Path>))
+    if (isExactly<EqualsExpression<Path>>(condition))
         return NodeKind::Equals;
-    if (type == typeid(InExpression))
+    if (isExactly<InExpression>(condition))
         return NodeKind::In;
-    if (type == typeid(ExistsExpression))
+    if (isExactly<ExistsExpression>(condition))
         return NodeKind::Exists;
     return NodeKind::Other;
 }
 
 Node pathView(const Expression<Path>& path) {
     Node node;
-    if (typeid(path) == typeid(PathLiteral)) {
+    if (const PathLiteral* literal = asExactly<const PathLiteral>(&path)) {
         node.kind = NodeKind::Path;
-        node.text = static_cast<const PathLiteral&>(path).path().text();
+        node.text = literal->path().text();
         node.variables = variableNames(node.text);
     } else {
         std::ostringstream out;
