@@ -5,11 +5,13 @@
 #include "CheckCommand.hpp"
 #include "Command.hpp"
 #include "DepsCommand.hpp"
+#include "LintCommand.hpp"
 #include "OperandReader.hpp"
 #include "QueryCommand.hpp"
 #include "StandardOutput.hpp"
 #include "TraceCommand.hpp"
 #include "WalkCommand.hpp"
+#include "WhyCommand.hpp"
 
 #include <qxqrscript/version.hpp>
 
@@ -101,7 +103,8 @@ int main(int argc, char** argv)
 {
     Arguments arguments = splitAtSeparator(argc, argv);
 
-    CLI::App qxqr("Check, query and walk rules scripts, and find what programs need under them.", "qxqr");
+    CLI::App qxqr("Check, query, walk, explain and lint rules scripts, and find what programs need under them.",
+                  "qxqr");
     qxqr.require_subcommand(1);
     qxqr.set_version_flag("--version", versionText, "Print the library's version and build date and exit");
     qxqr.failure_message([](const CLI::App* app, const CLI::Error& error) { return usageMessage(*app, error.what()); });
@@ -109,6 +112,8 @@ int main(int argc, char** argv)
     QueryCommand query(qxqr);
     WalkCommand walk(qxqr);
     TraceCommand trace(qxqr);
+    WhyCommand why(qxqr);
+    LintCommand lint(qxqr);
     DepsCommand deps(qxqr);
 
     try {
@@ -120,7 +125,7 @@ int main(int argc, char** argv)
     }
 
     try {
-        return write(runCommand(selectedCommand({&check, &query, &walk, &trace, &deps}), arguments));
+        return write(runCommand(selectedCommand({&check, &query, &walk, &trace, &why, &lint, &deps}), arguments));
     } catch (const UsageError& error) {
         return write({"", usageMessage(qxqr, error.what()), usageStatus});
     } catch (const Failure& failure) {
