@@ -31,8 +31,11 @@ std::set<std::string> checksDisabledBefore(const std::string& text, long firstLi
     static const std::regex directive(R"(^[ \t]*%[ \t]*qxqr-lint:[ \t]*disable=([a-z-]+(,[a-z-]+)*)[ \t]*$)");
     std::set<std::string> disabled;
     std::smatch match;
+    // The matcher takes stack for every character it repeats over, and no
+    // directive is that long.
+    const std::string::size_type longestDirective = 4096;
     const std::string line = firstLine > 1 ? lineOf(text, firstLine - 1) : std::string();
-    if (!std::regex_match(line, match, directive))
+    if (line.size() > longestDirective || !std::regex_match(line, match, directive))
         return disabled;
     const std::string names = match[1].str();
     std::string::size_type start = 0;

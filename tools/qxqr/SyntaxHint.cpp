@@ -181,6 +181,11 @@ std::optional<Mending> characterOutsidePaths(const std::string& line)
     return std::nullopt;
 }
 
+// The pitfalls are looked for with the standard regular expressions, whose
+// matcher takes stack for every character it repeats over: a longer line
+// gets no hint, rather than a crash.
+const std::string::size_type longestLineHinted = 4096;
+
 } // namespace
 
 std::string syntaxHint(const std::string& report)
@@ -189,7 +194,7 @@ std::string syntaxHint(const std::string& report)
         keywordAtEndOfText, bareIncludeList, notInWithSeveralBlanks, blankBeforeClosingBracket, upperCaseKeyword,
         doubleNot,          literalOnTheLeft, emptyQuotedPath,       unquotedBlank,             characterOutsidePaths};
     const std::string line = offendingLine(report);
-    if (line.empty())
+    if (line.empty() || line.size() > longestLineHinted)
         return std::string();
     for (const Pitfall& pitfall : pitfalls) {
         const std::optional<Mending> mending = pitfall(line);
