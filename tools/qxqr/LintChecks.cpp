@@ -231,8 +231,12 @@ void unreachableRule(Warnings& warnings, const Rule& rule, const Rule* alwaysTru
              "the rule can never decide: the rule at " + place(*alwaysTrue) + " matches every file first");
 }
 
+// Only exclude and prune rules are folded by precompute; an include rule's
+// test is asked for every file whatever it names.
 void fixedExists(Warnings& warnings, const Rule& rule)
 {
+    if (rule.kind == RuleKind::Include)
+        return;
     const Condition& condition = rule.condition;
     for (const Node& node : condition.nodes) {
         if (node.kind != NodeKind::Exists)
