@@ -42,6 +42,14 @@ TEST(DynamicStringTokens, AnEmptyEntryIsTheCurrentDirectory)
     EXPECT_EQ(tokens.directories(""), (std::vector<std::string>{"."}));
 }
 
+// The library path the loader is given may part its entries with ';' too;
+// an object's own search paths only with ':'.
+TEST(DynamicStringTokens, SeparatorsAreTheCallersChoice)
+{
+    EXPECT_EQ(tokens.directories("/a;/b:/c", ":;"), (std::vector<std::string>{"/a", "/b", "/c"}));
+    EXPECT_EQ(tokens.directories("/a;/b:/c"), (std::vector<std::string>{"/a;/b", "/c"}));
+}
+
 TEST(DynamicStringTokens, TheOriginIsTheAbsoluteDirectoryWithoutFollowingLinks)
 {
     EXPECT_EQ(originOf("/usr/lib/libc.so.6"), "/usr/lib");

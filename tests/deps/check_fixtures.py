@@ -248,6 +248,19 @@ def check_forms(qxqr, b):
             open(b.path("bundle/lib/libcommon.so.1"), "rb") as original:
         check(copied.read() == original.read(), "--copy-to changed a library")
 
+    # A symbolic link already in the folder under a copy's name is replaced,
+    # not written through to where it points.
+    victim = b.path("victim.txt")
+    with open(victim, "w") as file:
+        file.write("untouched\n")
+    os.remove(b.path("shipped/libcommon.so.1"))
+    os.symlink(victim, b.path("shipped/libcommon.so.1"))
+    again = deps(*common, "--copy-to", "shipped", "--format", "paths", "--", program)
+    with open(victim) as file:
+        check(again.returncode == 0 and file.read() == "untouched\n"
+              and not os.path.islink(b.path("shipped/libcommon.so.1")),
+              f"--copy-to wrote through a symbolic link: {again.stderr}")
+
 
 def check_problems(qxqr, b):
     """Files that are no loadable ELF file: a message naming each, and the walk goes on."""

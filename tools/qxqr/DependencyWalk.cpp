@@ -1,6 +1,7 @@
 #include "DependencyWalk.hpp"
 
 #include "LoaderPlatform.hpp"
+#include "QuotedName.hpp"
 
 #include <cerrno>
 #include <cstring>
@@ -126,7 +127,7 @@ private:
         }
         const std::string file = walk.search.hostPath(resolution.path);
         if (resolution.outcome == Resolution::Outcome::failed) {
-            report.problem(file, resolution.problem + " (needed by " + caller + ")");
+            report.problem(file, resolution.problem + " (needed by " + quotedName(caller) + ")");
             return;
         }
         const ElfFile& found = walk.files.at(file);
@@ -150,7 +151,7 @@ private:
             return;
         }
         if (found.state == ElfFile::State::broken || found.state == ElfFile::State::denied) {
-            report.problem(included, found.problem + " (included by " + caller + ")");
+            report.problem(included, found.problem + " (included by " + quotedName(caller) + ")");
             return;
         }
         if (byIdentity.count(found.identity) || !listed.insert(found.identity).second)

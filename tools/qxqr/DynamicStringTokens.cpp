@@ -55,12 +55,12 @@ std::optional<std::string> DynamicStringTokens::expand(const std::string& text) 
     return expanded;
 }
 
-std::vector<std::string> DynamicStringTokens::directories(const std::string& list) const
+std::vector<std::string> DynamicStringTokens::directories(const std::string& list, const char* separators) const
 {
     std::vector<std::string> result;
     std::size_t start = 0;
     while (true) {
-        std::size_t colon = list.find(':', start);
+        std::size_t colon = list.find_first_of(separators, start);
         std::string entry = list.substr(start, colon == std::string::npos ? std::string::npos : colon - start);
         std::optional<std::string> directory = expand(entry.empty() ? "." : entry);
         if (directory)

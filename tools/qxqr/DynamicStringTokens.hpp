@@ -22,10 +22,12 @@ struct DynamicStringTokens {
     // value, which drops that entry of a search path, as the loader does.
     std::optional<std::string> expand(const std::string& text) const;
 
-    // A search path list (entries parted by ':') as directories, each
-    // expanded; an empty entry is the current directory, as for the
-    // loader, and an entry that cannot be expanded is left out.
-    std::vector<std::string> directories(const std::string& list) const;
+    // A search path list (entries parted by any of `separators`: ':' in an
+    // object's own paths, ':' or ';' in the library path the loader is
+    // given) as directories, each expanded; an empty entry is the current
+    // directory, as for the loader, and an entry that cannot be expanded is
+    // left out.
+    std::vector<std::string> directories(const std::string& list, const char* separators = ":") const;
 };
 
 // The directory part of `path` made absolute against the current

@@ -42,7 +42,10 @@ void checkStart(const char* bytes, std::size_t size)
 // A descriptor open for reading, closed when it goes.
 class ReadOnlyFile {
 public:
-    explicit ReadOnlyFile(const std::string& path) : descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC))
+    // Opened without waiting: a FIFO would otherwise wait for a writer, and
+    // a terminal would become the process's own.
+    explicit ReadOnlyFile(const std::string& path)
+        : descriptor(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC))
     {
         if (descriptor < 0)
             throw ElfError(std::strerror(errno));

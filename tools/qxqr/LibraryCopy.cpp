@@ -44,8 +44,13 @@ std::string LibraryCopy::take(const Dependency& dependency)
         return place->second == dependency.identity
                    ? std::string()
                    : "qxqr: " + quotedName(file) + ": not copied, " + quotedName(name) + " is taken by another file\n";
+    // What has the name already goes first: copying over a symbolic link
+    // would write wherever it points.
+    const fs::path copy = fs::path(directory) / name;
     std::error_code error;
-    fs::copy_file(file, fs::path(directory) / name, fs::copy_options::overwrite_existing, error);
+    fs::remove(copy, error);
+    if (!error)
+        fs::copy_file(file, copy, error);
     if (error)
         return "qxqr: cannot copy " + quotedName(file) + " to " + quotedName(directory) + ": " + error.message() + "\n";
     return std::string();

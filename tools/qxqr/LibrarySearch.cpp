@@ -55,7 +55,7 @@ std::vector<std::string> LibrarySearch::directoriesFor(const LoadedObject& reque
         }
     }
     if (!settings.libraryPath.empty())
-        append(directories, programOf(requester).tokens.directories(settings.libraryPath));
+        append(directories, programOf(requester).tokens.directories(settings.libraryPath, ":;"));
     if (object.runpath)
         append(directories, requester.tokens.directories(*object.runpath));
     if (!object.noDefaultLibraries) {
