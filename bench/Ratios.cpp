@@ -1,3 +1,4 @@
+#include "Benchmarks.hpp"
 #include "Format.hpp"
 #include "Names.hpp"
 #include "Summary.hpp"
@@ -29,6 +30,9 @@ std::vector<Pair> pairs()
     made.emplace_back(benchmarkName("precompute", "disjunctions", disjunctionCount),
                       benchmarkName("parse", "disjunctions", disjunctionCount));
     made.emplace_back(benchmarkName("walk", "qxqr", walkTreeFiles), benchmarkName("walk", "find", walkTreeFiles));
+    made.emplace_back(depsBenchmarkName("qxqr"), depsBenchmarkName("ldd"));
+    made.emplace_back(depsBenchmarkName("qxqrBundleRules"), depsBenchmarkName("qxqr"));
+    made.emplace_back(depsBenchmarkName("bundleRulesQuestions"), depsBenchmarkName("qxqr"));
     return made;
 }
 

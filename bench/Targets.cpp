@@ -1,3 +1,4 @@
+#include "Benchmarks.hpp"
 #include "Format.hpp"
 #include "Names.hpp"
 #include "Summary.hpp"
@@ -122,6 +123,10 @@ std::vector<Target> targets()
     made.push_back({"precompute, 200,000 disjunctions: at most 2 times parsing them",
                     timeAtMostTimes(benchmarkName("precompute", "disjunctions", disjunctionCount),
                                     benchmarkName("parse", "disjunctions", disjunctionCount), 2)});
+    made.push_back({"qxqr deps of every program in /usr/bin: at most a tenth of ldd",
+                    timeAtMostTimes(depsBenchmarkName("qxqr"), depsBenchmarkName("ldd"), 0.1)});
+    made.push_back({"qxqr deps, the bundling rules' questions: under 5 % of the walk",
+                    timeAtMostTimes(depsBenchmarkName("bundleRulesQuestions"), depsBenchmarkName("qxqr"), 0.05)});
     made.push_back({"a name of 1,000,000 slashes: under 10 ms",
                     timeAtMost(benchmarkName("isExcluded", "slashes", 1000000), 10e-3)});
     return made;

@@ -3,7 +3,7 @@
 // by the processor time it used; the wall-clock time is a counter.
 #include "Benchmarks.hpp"
 #include "Names.hpp"
-#include "Subprocess.hpp"
+#include "ProgramTiming.hpp"
 #include "WalkTree.hpp"
 #include "Workload.hpp"
 
@@ -47,18 +47,8 @@ std::size_t linesOf(const std::string& file)
 void runProgram(benchmark::State& state, const std::vector<std::string>& command, std::size_t summaryLines)
 {
     makeWalkTree(tree);
-    double wallSeconds = 0;
-    for (auto _ : state) {
-        const Outcome outcome = runWithOutputTo(command, output);
-        if (outcome.status != 0) {
-            state.SkipWithError((command[0] + " failed").c_str());
-            return;
-        }
-        state.SetIterationTime(outcome.cpuSeconds);
-        wallSeconds += outcome.wallSeconds;
-    }
-    state.counters["files"] = static_cast<double>(linesOf(output) - summaryLines);
-    state.counters["wall_ms"] = benchmark::Counter(wallSeconds * 1e3, benchmark::Counter::kAvgIterations);
+    if (timeProgramRuns(state, command, output))
+        state.counters["files"] = static_cast<double>(linesOf(output) - summaryLines);
 }
 
 void qxqrWalk(benchmark::State& state)

@@ -20,6 +20,7 @@ int main(int argc, char** argv)
     qxqr::bench::registerQueryBenchmarks();
     qxqr::bench::registerLongNameBenchmarks();
     qxqr::bench::registerWalkBenchmarks();
+    qxqr::bench::registerDepsBenchmarks();
 
     qxqr::bench::ResultsReporter results;
     benchmark::RunSpecifiedBenchmarks(&results);

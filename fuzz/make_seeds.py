@@ -6,7 +6,8 @@ example rules, the script fixtures of the tool's tests, the rules blocks of
 the documents, and the string literals of the C++ tests that hold a
 statement (with the conditions that the grammar tests wrap into an exclude
 rule). The file reader's target starts from those too and from a few odd
-files of its own, written here.
+files of its own, written here. The ELF reader's target starts from small
+ELF files made here, whole and spoiled, in both classes and byte orders.
 
 A seed is named seed-<where it comes from>-<hash of its text>, so running
 this again after the sources changed touches only what changed. Every seed-*
@@ -18,6 +19,7 @@ file is rewritten; the crash-* inputs beside them are kept.
 import hashlib
 import pathlib
 import re
+import struct
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 CORPUS = ROOT / "fuzz" / "corpus"
@@ -39,6 +41,57 @@ ODD_FILES = {
     "empty": b"",
     "continuations": b"include [a, ...\n  b] ... % more\n  if c exists ...\n\n",
 }
+
+
+def elf_image(wide, big, needed, interpreter=None, soname=None, runpath=None, extra=()):
+    """A small ELF file: the header, PT_LOAD over the whole file, PT_INTERP, PT_DYNAMIC, then the
+    interpreter's name, the dynamic string table and the dynamic section (with the `extra` entries
+    (tag, value) last), as a loader reads it."""
+    order, word = (">" if big else "<"), ("Q" if wide else "I")
+    header_size, entry_size = (64, 56) if wide else (52, 32)
+    strings, entries = b"\0", []
+    for tag, text in [(1, name) for name in needed] + [(14, soname), (29, runpath)]:
+        if text is not None:
+            entries.append((tag, len(strings)))
+            strings += text.encode() + b"\0"
+    count = 3 if interpreter else 2
+    interp = interpreter.encode() + b"\0" if interpreter else b""
+    strings_at = header_size + count * entry_size + len(interp)
+    dynamic_at = -(-(strings_at + len(strings)) // 8) * 8
+    base = 0x400000
+    entries += [(5, base + strings_at), (10, len(strings))] + list(extra) + [(0, 0)]
+    dynamic = b"".join(struct.pack(order + word * 2, tag, value) for tag, value in entries)
+    size = dynamic_at + len(dynamic)
+
+    def segment(kind, offset, length):
+        if wide:
+            return struct.pack(order + "IIQQQQQQ", kind, 4, offset, base + offset, base + offset, length, length, 8)
+        return struct.pack(order + "IIIIIIII", kind, offset, base + offset, base + offset, length, length, 4, 8)
+
+    segments = segment(1, 0, size) + (segment(3, header_size + count * entry_size, len(interp)) if interp else b"")
+    segments += segment(2, dynamic_at, len(dynamic))
+    ident = b"\x7fELF" + bytes([2 if wide else 1, 2 if big else 1, 1]) + bytes(9)
+    machine = (22 if big else 62) if wide else (20 if big else 3)  # s390, x86-64, ppc, i386
+    header = ident + struct.pack(order + "HHI" + word * 3 + "IHHHHHH", 3, machine, 1, 0, header_size, 0, 0,
+                                 header_size, entry_size, count, 0, 0, 0)
+    image = header + segments + interp + strings
+    return image + bytes(dynamic_at - len(image)) + dynamic
+
+
+def elf_seeds():
+    """Whole images of each class and byte order, then the ways a file goes wrong."""
+    seeds = {}
+    for wide in (True, False):
+        for big in (False, True):
+            name = "%s-%s" % ("64" if wide else "32", "msb" if big else "lsb")
+            seeds["program-" + name] = elf_image(wide, big, ["libc.so.6", "libm.so.6"], "/lib/ld.so.1",
+                                                 runpath="$ORIGIN/../lib:/opt/$LIB")
+            seeds["library-" + name] = elf_image(wide, big, ["libc.so.6"], soname="libx.so.1")
+    whole = seeds["program-64-lsb"]
+    seeds["cut-in-header"] = whole[:40]
+    seeds["cut-in-dynamic"] = whole[:-20]
+    seeds["string-index-out-of-range"] = elf_image(True, False, ["libc.so.6"], extra=[(1, 4000)])
+    return seeds
 
 
 def decoded(body):
@@ -90,7 +143,7 @@ def string_literals(source):
 
 
 def scripts_of_test(path):
-    for text, wrapped in string_literals(path.read_text(encoding="utf-8")):
+    for text, wrapped in string_literals(path.read_text(encoding="utf-8", errors="surrogateescape")):
         if wrapped:
             yield "exclude if " + text + "\n"
         elif STATEMENT.search(text):
@@ -100,7 +153,7 @@ def scripts_of_test(path):
 def scripts_of_document(path):
     """The rules blocks of a markdown document, as the doc checks read them."""
     info, text = None, []
-    for line in path.read_text(encoding="utf-8").splitlines(keepends=True):
+    for line in path.read_text(encoding="utf-8", errors="surrogateescape").splitlines(keepends=True):
         fence = FENCE.match(line.rstrip("\n"))
         if fence and info is None:
             info, text = fence.group(1).split(), []
@@ -116,7 +169,7 @@ def scripts_of_document(path):
 def sources():
     """(origin name, script) of every script the project holds, in a fixed order."""
     for path in sorted(ROOT.glob("examples/**/*.rules")) + sorted(ROOT.glob("tests/tool/fixtures/**/*.rules")):
-        yield path, path.read_text(encoding="utf-8")
+        yield path, path.read_text(encoding="utf-8", errors="surrogateescape")
     for path in sorted(ROOT.glob("docs/*.md")):
         for script in scripts_of_document(path):
             yield path, script
@@ -141,13 +194,15 @@ def write_seeds(folder, seeds):
 def main():
     scripts, seen = {}, set()
     for origin, script in sources():
-        data = script.encode("utf-8")
+        data = script.encode("utf-8", errors="surrogateescape")
         if data not in seen:
             seen.add(data)
             scripts[seed_name(origin, data)] = data
     write_seeds(CORPUS / "script", scripts)
     write_seeds(CORPUS / "file_reader", {"seed-odd-" + name: data for name, data in ODD_FILES.items()})
-    print("fuzz seeds: %d scripts, %d odd files" % (len(scripts), len(ODD_FILES)))
+    elf = elf_seeds()
+    write_seeds(CORPUS / "elf", {"seed-" + name: data for name, data in elf.items()})
+    print("fuzz seeds: %d scripts, %d odd files, %d ELF files" % (len(scripts), len(ODD_FILES), len(elf)))
 
 
 if __name__ == "__main__":

@@ -9,9 +9,12 @@ cd "$(dirname "$0")/.."
 
 build=$1 target=$2 seconds=$3
 corpus=fuzz/corpus
-# The file reader reads scripts, so it starts from theirs as well.
+# The file reader reads scripts, so it starts from theirs as well, and the
+# words of the language guide both; the ELF reader has neither.
+dictionary=(-dict=fuzz/script.dict)
 case $target in
     file_reader) seeds=("$corpus/file_reader" "$corpus/script") ;;
+    elf) seeds=("$corpus/elf"); dictionary=() ;;
     *) seeds=("$corpus/$target") ;;
 esac
 found=$build/fuzz-corpus/$target
@@ -20,7 +23,7 @@ mkdir -p "$found" "$crashes"
 
 status=0
 "$build/fuzz_$target" -max_total_time="$seconds" -timeout=10 -print_final_stats=1 \
-    -dict=fuzz/script.dict -artifact_prefix="$crashes/" "$found" "${seeds[@]}" || status=$?
+    "${dictionary[@]}" -artifact_prefix="$crashes/" "$found" "${seeds[@]}" || status=$?
 if [ $status -ne 0 ] && [ -n "$(ls -A "$crashes")" ]; then
     echo "fuzz: $target failed; the inputs that did it are in $crashes/:" >&2
     ls -l "$crashes" >&2

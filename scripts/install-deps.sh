@@ -10,7 +10,7 @@
 # refreshed when something has to be installed.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ make pkg-config python3 help2man libboost-dev libgtest-dev libcli11-dev nlohmann-json3-dev)
+packages=(cmake ninja-build g++ make pkg-config python3 help2man libboost-dev libgtest-dev libcli11-dev nlohmann-json3-dev libelf-dev)
 case "${1:-}" in
     # clang, with its fuzzer and sanitizer runtimes (libclang_rt.fuzzer and the others).
     fuzz) packages+=(clang libclang-rt-dev) ;;

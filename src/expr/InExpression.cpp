@@ -7,15 +7,9 @@
 
 namespace QuorelScript {
 
-namespace {
-
-// A plain prefix test: "/a/b" is a prefix of "/a/bc" as well as of "/a/b/c",
-// and the empty text is a prefix of everything.
-bool startsWith(const std::string& text, const std::string& prefix) {
+bool hasPathPrefix(const std::string& text, const std::string& prefix) {
     return prefix.length() <= text.length() && text.compare(0, prefix.length(), prefix) == 0;
 }
-
-} // namespace
 
 InExpression::InExpression(Expression<Path>* subject, PathList* list) : subject_(subject), list_(list) {}
 
@@ -29,7 +23,7 @@ InExpression::~InExpression() {
 bool InExpression::evaluate(const Bindings& bindings) const {
     const Path subject = subject_->evaluate(bindings);
     for (const Expression<Path>* element : *list_)
-        if (startsWith(subject.text(), element->evaluate(bindings).text()))
+        if (hasPathPrefix(subject.text(), element->evaluate(bindings).text()))
             return true;
     return false;
 }

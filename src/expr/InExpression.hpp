@@ -7,6 +7,11 @@
 
 namespace QuorelScript {
 
+// Whether `prefix` begins `text`: the test of each element of an `in` list,
+// a plain prefix test ("/a/b" begins "/a/bc" as well as "/a/b/c", and the
+// empty text begins everything).
+bool hasPathPrefix(const std::string& text, const std::string& prefix);
+
 // in(subject,[a,b,...]): some element's text is a prefix of the subject's.
 class InExpression : public Expression<bool> {
 public:

@@ -2,22 +2,16 @@
 
 #include "expr/AndExpression.hpp"
 #include "expr/OrExpression.hpp"
+#include "expr/exactType.hpp"
 
 #include <cstddef>
 #include <memory>
 #include <ostream>
 #include <type_traits>
-#include <typeinfo>
 
 namespace QuorelScript {
 
 namespace {
-
-// `node` as a T, if that is its exact type; else null.
-template <class T, class Node>
-T* exactly(Node* node) {
-    return node != nullptr && typeid(*node) == typeid(T) ? static_cast<T*>(node) : nullptr;
-}
 
 // One link of a chain, whichever of the two kinds it is; false when the node
 // it was made from is no link. `Node` is Expression<bool>, or a const one
@@ -28,36 +22,50 @@ class Link {
     using Like = std::conditional_t<std::is_const<Node>::value, const T, T>;
 
 public:
-    explicit Link(Node* node) : and_(exactly<Like<AndExpression>>(node)), or_(exactly<Like<OrExpression>>(node)) {}
+    explicit Link(Node* node) : and_(asExactly<Like<AndExpression>>(node)), or_(asExactly<Like<OrExpression>>(node)) {}
 
     explicit operator bool() const { return and_ != nullptr || or_ != nullptr; }
 
-    Expression<bool>* left() const { return and_ != nullptr ? and_->left() : or_->left(); }
-    Expression<bool>* right() const { return and_ != nullptr ? and_->right() : or_->right(); }
+    Expression<bool>* left() const {
+        return apply([](auto& link) { return link.left(); });
+    }
+    Expression<bool>* right() const {
+        return apply([](auto& link) { return link.right(); });
+    }
 
     // The value of the left operand that settles the link without the right one.
-    bool decisive() const { return and_ != nullptr ? AndExpression::decisive : OrExpression::decisive; }
-    const char* opening() const { return and_ != nullptr ? AndExpression::opening : OrExpression::opening; }
+    bool decisive() const {
+        return apply([](auto& link) { return std::decay_t<decltype(link)>::decisive; });
+    }
+    const char* opening() const {
+        return apply([](auto& link) -> const char* { return std::decay_t<decltype(link)>::opening; });
+    }
 
-    Expression<bool>* releaseRight() const { return and_ != nullptr ? and_->releaseRight() : or_->releaseRight(); }
+    Expression<bool>* releaseRight() const {
+        return apply([](auto& link) { return link.releaseRight(); });
+    }
     void adoptRight(Expression<bool>* right) const {
-        if (and_ != nullptr)
-            and_->adoptRight(right);
-        else
-            or_->adoptRight(right);
+        apply([right](auto& link) { link.adoptRight(right); });
     }
 
     // A new link of the same kind holding a copy of the left operand and no
     // right operand yet.
     Expression<bool>* copyWithoutRight() const {
-        std::unique_ptr<Expression<bool>> leftCopy(left()->clone());
-        Expression<bool>* copy = and_ != nullptr ? static_cast<Expression<bool>*>(new AndExpression(leftCopy.get(), nullptr))
-                                                 : new OrExpression(leftCopy.get(), nullptr);
-        leftCopy.release();
-        return copy;
+        return apply([](auto& link) -> Expression<bool>* {
+            std::unique_ptr<Expression<bool>> leftCopy(link.left()->clone());
+            Expression<bool>* copy = new std::decay_t<decltype(link)>(leftCopy.get(), nullptr);
+            leftCopy.release();
+            return copy;
+        });
     }
 
 private:
+    // Calls `operation` with the link as its own class.
+    template <class Operation>
+    decltype(auto) apply(Operation operation) const {
+        return and_ != nullptr ? operation(*and_) : operation(*or_);
+    }
+
     Like<AndExpression>* and_;
     Like<OrExpression>* or_;
 };

@@ -61,18 +61,6 @@ bool readUpTo(int descriptor, std::size_t limit, std::string& text) {
     return true;
 }
 
-// The size is taken before anything is allocated. A file that shrinks
-// meanwhile gives what it still has; one that grows, its first `size` bytes.
-bool readRegularFile(int descriptor, std::string& text) {
-    // Some files, many under /proc among them, cannot tell their size.
-    const off_t size = ::lseek(descriptor, 0, SEEK_END);
-    if (size < 0 || static_cast<unsigned long long>(size) > FileReader::maxFileSize ||
-        ::lseek(descriptor, 0, SEEK_SET) != 0)
-        return false;
-    text.reserve(static_cast<std::size_t>(size));
-    return readUpTo(descriptor, static_cast<std::size_t>(size), text);
-}
-
 // Whether `descriptor` has nothing more to give. One byte is asked for, so
 // that a file of exactly the limit never needs a larger buffer.
 bool isAtEnd(int descriptor) {
@@ -84,15 +72,35 @@ bool isAtEnd(int descriptor) {
     return got == 0;
 }
 
-// A pipe tells no size: it is read to its end, and refused once it gives
+// A file that tells no size is read to its end, and refused once it gives
 // more than the limit.
+bool readToTheEnd(int descriptor, std::string& text) {
+    return readUpTo(descriptor, FileReader::maxFileSize, text) && isAtEnd(descriptor);
+}
+
+// The size is taken before anything is allocated. A file that shrinks
+// meanwhile gives what it still has; one that grows, its first `size` bytes.
+// Many files under /proc say that they are empty and still hold text: a
+// size of zero tells nothing, and such a file is read as a pipe is.
+bool readRegularFile(int descriptor, std::string& text) {
+    const off_t size = ::lseek(descriptor, 0, SEEK_END);
+    if (size < 0 || static_cast<unsigned long long>(size) > FileReader::maxFileSize ||
+        ::lseek(descriptor, 0, SEEK_SET) != 0)
+        return false;
+    if (size == 0)
+        return readToTheEnd(descriptor, text);
+    text.reserve(static_cast<std::size_t>(size));
+    return readUpTo(descriptor, static_cast<std::size_t>(size), text);
+}
+
+// A pipe tells no size.
 bool readPipe(int descriptor, std::string& text) {
     // Now that it is known to be a pipe, waiting for its writer is what
     // reading it means.
     const int flags = ::fcntl(descriptor, F_GETFL);
     if (flags < 0 || ::fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK) < 0)
         return false;
-    return readUpTo(descriptor, FileReader::maxFileSize, text) && isAtEnd(descriptor);
+    return readToTheEnd(descriptor, text);
 }
 
 } // namespace

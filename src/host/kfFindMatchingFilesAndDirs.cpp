@@ -72,8 +72,24 @@ private:
     glob_t result_ = glob_t();
 };
 
+// The C library's matcher recurses once per name of the pattern from the
+// first that holds a wildcard to the last, at some 2 KB of stack a level. So
+// that a host's thread with a small stack is safe from any script, a deeper
+// pattern matches nothing; no real tree is that deep below a wildcard.
+const std::size_t maxNamesFromFirstWildcard = 40;
+
+bool isTooDeepToMatch(const char* pattern) {
+    const char* firstWildcard = std::strpbrk(pattern, "*?");
+    if (firstWildcard == nullptr)
+        return false;
+    const std::size_t slashesAfter = static_cast<std::size_t>(std::count(firstWildcard, firstWildcard + std::strlen(firstWildcard), '/'));
+    return slashesAfter >= maxNamesFromFirstWildcard;
+}
+
 // The existing paths that `pattern` matches, without "." and "..".
 Paths matchingPaths(const char* pattern) {
+    if (isTooDeepToMatch(pattern))
+        return Paths();
     Paths paths = GlobResult(withLiteralBrackets(pattern)).paths();
     paths.erase(std::remove_if(paths.begin(), paths.end(), endsInDotOrDotDot), paths.end());
     return paths;

@@ -66,7 +66,7 @@ public:
     template <class Iterator>
     bool match(Iterator& pos, Iterator end) const
     {
-        if (depth_->current_ == depth_->limit_) {
+        if (depth_->current_ >= depth_->limit_) {
             depth_->exceeded_ = true;
             return false;
         }

@@ -6,6 +6,7 @@
 #include "rules/QueryPlan.hpp"
 #include "rules/expandIncludeRule.hpp"
 #include "rules/plainQueries.hpp"
+#include "rules/printRule.hpp"
 
 #include <qxqrscript/host.hpp>
 
@@ -47,22 +48,6 @@ void substituteInto(std::vector<Rule*>* rules, const Bindings& bindings) {
     for (Rule* rule : *rules)
         if (rule->condition != nullptr)
             rule->condition->substituteVariables(bindings);
-}
-
-void printRule(std::ostream& os, const ExcludeRule& rule) {
-    os << "exclude if ";
-    rule.condition->print(os);
-}
-
-void printRule(std::ostream& os, const PruneRule& rule) {
-    os << "prune if ";
-    rule.condition->print(os);
-}
-
-void printRule(std::ostream& os, const IncludeRule& rule) {
-    os << "include ";
-    printPathList(os, *rule.paths) << " if ";
-    rule.condition->print(os);
 }
 
 // One tab-led line per rule, then an empty line; nothing for a null list.

@@ -45,6 +45,12 @@ public:
     const ExcludeRuleList* excludeRuleList() const { return excludeRules; }
     const PruneRuleList* pruneRuleList() const { return pruneRules; }
     const IncludeRuleList* includeRuleList() const { return includeRules; }
+    // The configuration the queries bind their variables from, as stored
+    // (empty when unset).
+    const std::string& configuredRoot() const { return vantorRoot; }
+    const std::string& configuredCwd() const { return cwd; }
+    // Takes `rule`'s text as the last match, as a query that it decided does.
+    void recordMatch(const ConditionRule& rule) { lastMatchText = rule.debugInfo; }
 
 private:
     class RunningQuery;

@@ -9,6 +9,7 @@
 #include "expr/MultiOrExpression.hpp"
 #include "expr/NotExpression.hpp"
 #include "expr/OrExpression.hpp"
+#include "expr/exactType.hpp"
 #include "rules/CompiledPath.hpp"
 #include "rules/ConditionSequence.hpp"
 
@@ -279,12 +280,12 @@ private:
     CompiledConditions junctionOperands(const Expression<bool>& junction) {
         CompiledConditions operands;
         const Expression<bool>* node = &junction;
-        while (typeid(*node) == typeid(Binary)) {
+        while (isExactly<Binary>(*node)) {
             const Binary& binary = static_cast<const Binary&>(*node);
             append<Junction>(operands, compile(*binary.left()));
             node = binary.right();
         }
-        if (typeid(*node) == typeid(Multi)) {
+        if (isExactly<Multi>(*node)) {
             for (const Expression<bool>* operand : static_cast<const Multi&>(*node).operands())
                 append<Junction>(operands, compile(*operand));
         } else {

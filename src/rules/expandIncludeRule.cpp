@@ -26,12 +26,14 @@ void includeMatches(const char* path, bool isDirectory, QuorelRules::Includer& i
 
 } // namespace
 
-void includeFilesOf(const char* path, QuorelRules::Includer& includer) {
+PathExpansion includeFilesOf(const char* path, QuorelRules::Includer& includer) {
     const bool isDirectory = kfIsDirectory(path);
-    if (isDirectory || holdsWildcard(path))
+    if (isDirectory || holdsWildcard(path)) {
         includeMatches(path, isDirectory, includer);
-    else
-        includer.include(path);
+        return isDirectory ? PathExpansion::directory : PathExpansion::pattern;
+    }
+    includer.include(path);
+    return PathExpansion::plain;
 }
 
 void expandIncludeRule(const IncludeRule& rule, const Bindings& bindings, QuorelRules::Includer& includer) {

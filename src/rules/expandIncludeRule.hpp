@@ -8,10 +8,14 @@
 
 namespace QuorelScript {
 
+// How a path of an include rule becomes files.
+enum class PathExpansion { plain, directory, pattern };
+
 // Passes the files that the path of an include rule denotes to `includer`:
 // the path itself, whether it exists or not, unless it names a directory or
 // holds '*' or '?'; then the files that the directory services find for it.
-void includeFilesOf(const char* path, QuorelRules::Includer& includer);
+// Tells which of these it was.
+PathExpansion includeFilesOf(const char* path, QuorelRules::Includer& includer);
 
 // When the rule's condition holds, passes every file that its paths denote
 // to `includer`, in list order: a plain path as it is, whether it exists or

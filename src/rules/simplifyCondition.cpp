@@ -7,6 +7,7 @@
 #include "expr/MultiOrExpression.hpp"
 #include "expr/NotExpression.hpp"
 #include "expr/OrExpression.hpp"
+#include "expr/exactType.hpp"
 
 #include <algorithm>
 #include <iterator>
@@ -42,11 +43,6 @@ struct Junction<MultiOrExpression> {
     typedef MultiAndExpression Dual;
     static constexpr bool decisive = true;
 };
-
-template <class Node>
-bool isA(const Expression<bool>& node) {
-    return typeid(node) == typeid(Node);
-}
 
 // The nodes that a rewrite has already returned and that a second rewrite
 // would return unchanged, asking nothing of the host. The rewrite of a node
@@ -129,7 +125,7 @@ void appendSpliced(Multi& target, Owned operand) {
     while (!pending.empty()) {
         Owned next = std::move(pending.back());
         pending.pop_back();
-        if (!isA<Binary>(*next)) {
+        if (!isExactly<Binary>(*next)) {
             target.append(next.release());
             continue;
         }
@@ -154,7 +150,7 @@ void flatten(Multi& node) {
     while (!pending.empty()) {
         Owned operand(simplifyCondition(pending.back().release()));
         pending.pop_back();
-        if (!isA<Multi>(*operand)) {
+        if (!isExactly<Multi>(*operand)) {
             flat.push_back(std::move(operand));
             continue;
         }
@@ -167,10 +163,10 @@ void flatten(Multi& node) {
 // The node under `operand` when that is a negation of a `Dual`, else null.
 template <class Dual>
 Dual* negatedNode(Expression<bool>& operand) {
-    if (!isA<NotExpression<bool>>(operand))
+    if (!isExactly<NotExpression<bool>>(operand))
         return nullptr;
     Expression<bool>& inner = *static_cast<NotExpression<bool>&>(operand).operand();
-    return isA<Dual>(inner) ? static_cast<Dual*>(&inner) : nullptr;
+    return isExactly<Dual>(inner) ? static_cast<Dual*>(&inner) : nullptr;
 }
 
 // An operand not(or(a,b,...)) of an and becomes not(a),not(b),... at its
@@ -206,7 +202,7 @@ Expression<bool>* dropLiterals(Multi& node) {
     OwnedOperands undecided;
     for (Owned& operand : operands) {
         Owned simplified(simplifyCondition(operand.release()));
-        if (!isA<BooleanLiteral>(*simplified)) {
+        if (!isExactly<BooleanLiteral>(*simplified)) {
             undecided.push_back(std::move(simplified));
             continue;
         }
@@ -244,7 +240,7 @@ Expression<bool>* simplifyBinaryJunction(Owned binary) {
 Expression<bool>* simplifyNegation(std::unique_ptr<NotExpression<bool>> node) {
     node->adoptOperand(simplifyCondition(node->releaseOperand()));
     Expression<bool>& operand = *node->operand();
-    if (isA<NotExpression<bool>>(operand))
+    if (isExactly<NotExpression<bool>>(operand))
         return simplifyCondition(static_cast<NotExpression<bool>&>(operand).releaseOperand());
     if (!operand.hasVariables())
         return literal(!valueOf(operand));
@@ -268,19 +264,19 @@ template <class Multi>
 bool isStableJunction(const Multi& node, const SimplifiedNodes& simplified) {
     typedef typename Junction<Multi>::Dual Dual;
     for (Expression<bool>* operand : node.operands())
-        if (!simplified.contains(operand) || isA<Multi>(*operand) || negatedNode<Dual>(*operand) != nullptr)
+        if (!simplified.contains(operand) || isExactly<Multi>(*operand) || negatedNode<Dual>(*operand) != nullptr)
             return false;
     return true;
 }
 
 bool isStable(const Expression<bool>& node, const SimplifiedNodes& simplified) {
-    if (isA<NotExpression<bool>>(node))
+    if (isExactly<NotExpression<bool>>(node))
         return simplified.contains(static_cast<const NotExpression<bool>&>(node).operand());
-    if (isA<MultiAndExpression>(node))
+    if (isExactly<MultiAndExpression>(node))
         return isStableJunction(static_cast<const MultiAndExpression&>(node), simplified);
-    if (isA<MultiOrExpression>(node))
+    if (isExactly<MultiOrExpression>(node))
         return isStableJunction(static_cast<const MultiOrExpression&>(node), simplified);
-    return !isA<AndExpression>(node) && !isA<OrExpression>(node);
+    return !isExactly<AndExpression>(node) && !isExactly<OrExpression>(node);
 }
 
 Expression<bool>* rewrite(Expression<bool>* condition) {

@@ -7,8 +7,10 @@
 // on such a stack.
 #include <qxqrscript/Parser.hpp>
 #include <qxqrscript/Rules.hpp>
+#include <qxqrscript/inspect.hpp>
 
 #include "SmallStack.hpp"
+#include "TempTree.hpp"
 
 #include <gtest/gtest.h>
 
@@ -190,6 +192,40 @@ TEST(SmallStack, LongestChainPrecomputed) {
     expectWorks(longestChain(), Precompute::yes);
 }
 
+// What the inspection interface made of the exclude rules: how many nodes
+// the first rule's condition has, and whether the traced query excluded.
+struct Inspected {
+    std::size_t nodes = 0;
+    bool traceExcluded = false;
+};
+
+Inspected inspectOnSmallStack(const std::string& script) {
+    Inspected inspected;
+    SmallStack::run([&] {
+        Parser parser;
+        std::unique_ptr<Rules> rules(parser.parse(script.c_str()));
+        if (!rules)
+            return;
+        using namespace QuorelScript::Inspect;
+        inspected.nodes = rulesOf(*rules, RuleKind::Exclude).front().condition.nodes.size();
+        inspected.traceExcluded = traceQuery(*rules, Question::Excluded, file, nullptr).answer;
+    });
+    return inspected;
+}
+
+// The view of a rule and its traced query walk a condition with work lists
+// of their own: a chain far longer than the stack could take in nested
+// calls is shown and traced on a worker thread's stack.
+TEST(SmallStack, LongChainInspectedAndTraced) {
+    const int pairs = 50000;
+    const std::string script = "exclude if $name == y" + repeated(" or false and true", pairs) + " or $name == x\n";
+    const Inspected inspected = inspectOnSmallStack(script);
+    // Per pair an or, an and and its two literals; one more or, and two
+    // equals with two paths each.
+    EXPECT_EQ(inspected.nodes, 4u * pairs + 7u);
+    EXPECT_TRUE(inspected.traceExcluded);
+}
+
 // A million lines that continue one rule.
 TEST(SmallStack, LongestContinuationRun) {
     Script script;
@@ -228,6 +264,36 @@ TEST(SmallStack, LongLists) {
                      "$dir/last.h] if equals($ext,.c)\n\n";
     script.answers = Answers{true, false, paths + 1};
     expectWorks(script, Precompute::yes);
+}
+
+// An include rule's wildcard pattern as deep below its first wildcard as the
+// directory services match (40 names), and one name deeper, which matches
+// nothing; each expanded on the small stack.
+TEST(SmallStack, DeepestWildcardPattern) {
+    TempTree tree;
+    std::string deep = "f";
+    for (int level = 1; level < 41; ++level)
+        deep = "d/" + deep;
+    tree.file(deep);
+    const std::string deepest = "$cwd/d/*/" + deep.substr(4);
+    const std::string deeper = "$cwd/*/" + deep.substr(2);
+    int matches = -1;
+    int deeperMatches = -1;
+    SmallStack::run([&] {
+        Parser parser;
+        std::unique_ptr<Rules> rules(parser.parse(
+            ("include [" + deepest + "] if $name == x\ninclude [" + deeper + "] if $name == y\n").c_str()));
+        ASSERT_NE(nullptr, rules);
+        rules->setCwd(tree.path().c_str());
+        CountingIncluder includer;
+        rules->getIncludes(file, nullptr, includer);
+        matches = includer.count;
+        CountingIncluder deeperIncluder;
+        rules->getIncludes("/nowhere/src/y.c", nullptr, deeperIncluder);
+        deeperMatches = deeperIncluder.count;
+    });
+    EXPECT_EQ(1, matches);
+    EXPECT_EQ(0, deeperMatches);
 }
 
 } // namespace

@@ -103,4 +103,33 @@ TEST_F(kfFindMatchingFilesAndDirsTest, PatternThatMatchesNothingReportsNothing) 
     EXPECT_EQ(Reports{}, find("/missing/*", 0));
 }
 
+// The names "d/d/.../d/f" of a file `depth` names down, the file among them.
+std::string deepFile(int depth) {
+    std::string path;
+    for (int level = 1; level < depth; ++level)
+        path += "d/";
+    return path + "f";
+}
+
+// The matcher of the C library takes stack for every name from the first
+// that holds a wildcard on; up to 40 such names match as usual, and a
+// deeper pattern matches nothing, even where a file would fit it.
+TEST(kfFindMatchingFilesAndDirs, PatternDeeperThan40NamesFromItsFirstWildcardMatchesNothing) {
+    TempTree tree;
+    tree.file("deep/" + deepFile(41));
+    Reports reports;
+    const std::string root = tree.path();
+    auto find = [&](const std::string& pattern) {
+        reports.clear();
+        kfFindMatchingFilesAndDirs((root + pattern).c_str(), Recorder(reports, "file", root),
+                                   Recorder(reports, "dir", root), 0, false);
+        return reports;
+    };
+    const Reports theFile{"file /deep/" + deepFile(41)};
+    EXPECT_EQ(theFile, find("/deep/d/?/" + deepFile(39)));
+    EXPECT_EQ(Reports{}, find("/deep/?/" + deepFile(40)));
+    EXPECT_EQ(Reports{}, find("/de*/" + deepFile(41)));
+    EXPECT_EQ(theFile, find("/deep/" + deepFile(41)));
+}
+
 } // namespace

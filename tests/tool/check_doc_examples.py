@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the script examples of a markdown document through `qxqr check`.
+"""Runs the script examples of a markdown document through `qxqr check` (or `qxqr lint`).
 
 Marked blocks, by the info string after the opening fence:
 
@@ -7,6 +7,8 @@ Marked blocks, by the info string after the opening fence:
     ```rules reject             must be rejected with a syntax error
     ```rules no-final-newline   (with either) the last line end is removed,
                                 for examples about the very end of the text
+    ```rules lint               must be accepted; its output is that of
+                                `qxqr lint` instead of `qxqr check`
 
 A block fenced as ```output directly after a rules block (blank lines
 between them allowed) gives the exact standard output of `qxqr check` for
@@ -50,13 +52,14 @@ def examples(blocks):
             text = text[:-1] if text.endswith("\n") else text
         following = blocks[index + 1] if index + 1 < len(blocks) else None
         expected = following[2] if following and following[1] == ["output"] else None
-        yield line, text, "reject" not in info, expected
+        command = "lint" if "lint" in info else "check"
+        yield line, text, "reject" not in info, expected, command
 
 
-def check(qxqr, directory, line, script, must_pass, expected):
+def check(qxqr, directory, line, script, must_pass, expected, command):
     with open(os.path.join(directory, "example.rules"), "w", encoding="utf-8", newline="") as file:
         file.write(script)
-    run = subprocess.run([qxqr, "check", "example.rules"], cwd=directory,
+    run = subprocess.run([qxqr, command, "example.rules"], cwd=directory,
                          stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
     problems = []
     if must_pass and run.returncode != 0:

@@ -22,6 +22,8 @@ import tempfile
 import time
 from pathlib import Path
 
+from terminal import read_until_closed
+
 FILES = 1000
 LONGER_THAN_THE_DELAY = 0.8  # seconds
 ERASE_LINE = "\r\x1b[K"
@@ -55,15 +57,7 @@ def walk_on_terminal(qxqr, root, options, answer_on_terminal=False):
     process.stdin.flush()
     time.sleep(LONGER_THAN_THE_DELAY)
     process.stdin.close()
-    shown = b""
-    while True:
-        try:
-            chunk = os.read(controller, 65536)
-        except OSError:  # the terminal closes when the walk ends
-            break
-        if not chunk:
-            break
-        shown += chunk
+    shown = read_until_closed(controller)
     process.wait()
     output_file.seek(0)
     output = output_file.read().decode()

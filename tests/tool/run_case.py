@@ -21,13 +21,14 @@ to the file named instead of reading it back. "?" gives the exit status.
 
 "+" lines make files that cannot be kept among the fixtures, in a fresh
 temporary directory that "@TMP@" stands for everywhere in the case:
-"+ file NAME TEXT" (TEXT with Python's backslash escapes, so "\r", "\0" and
-"\xff" can be written), "+ unreadable NAME TEXT" (the same, without read
-permission), "+ fifo NAME", "+ sized NAME BYTES" (BYTES NUL bytes that
-take no room on disk). Standard input is a pipe carrying the "<" lines, or
-with "<< FILE" the file itself, or with "<| FILE" a pipe carrying its bytes.
-A case that needs what this process cannot make (a file it cannot read,
-when it runs as root) is skipped, with exit status 77 and the reason.
+"+ file NAME TEXT" (NAME and TEXT with Python's backslash escapes, so "\r",
+"\0", "\x20" and "\xff" can be written), "+ unreadable NAME TEXT" (the
+same, without read permission), "+ fifo NAME", "+ sized NAME BYTES" (BYTES
+NUL bytes that take no room on disk). Standard input is a pipe carrying the
+"<" lines, or with "<< FILE" the file itself, or with "<| FILE" a pipe
+carrying its bytes. Root may read any file: a case with an unreadable file
+then runs its command as the unprivileged user "nobody", and is skipped,
+with exit status 77 and the reason, when that user cannot run it.
 An absent stdout or stderr section means that stream must stay empty.
 Instead of "--- stdout", "--- json" compares the output parsed as JSON with
 the section parsed as JSON, and "--- stdout-matches" requires the output to
@@ -167,7 +168,7 @@ class Skip(Exception):
 
 
 def make_file(directory, kind, name, argument=""):
-    path = os.path.join(directory, name)
+    path = os.path.join(os.fsencode(directory), escaped_bytes(name))
     if kind == "fifo":
         os.mkfifo(path)
     elif kind == "sized":
@@ -181,11 +182,33 @@ def make_file(directory, kind, name, argument=""):
             try:
                 open(path, "rb").close()
             except PermissionError:
-                return
-            raise Skip(f"this process may read any file (it runs as root or with CAP_DAC_OVERRIDE), "
-                       f"so {name} cannot be made unreadable")
+                return False
+            # Root may read any file: the command runs as "nobody" instead.
+            os.chmod(directory, 0o755)
+            return True
     else:
         raise ValueError(f"cannot make a file of the kind {kind!r}")
+    return False
+
+
+NOBODY = 65534
+
+
+def as_nobody():
+    """Gives up this process's user for the unprivileged "nobody"."""
+    os.setgroups([])
+    os.setgid(NOBODY)
+    os.setuid(NOBODY)
+
+
+def check_nobody_can_run(command, directory):
+    """Skips the case when "nobody" cannot run the program or enter its directory."""
+    try:
+        subprocess.run([command[0], "--version"], cwd=directory, preexec_fn=as_nobody, check=True,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=TIME_LIMIT)
+    except (OSError, subprocess.SubprocessError) as error:
+        raise Skip(f"this process may read any file (it runs as root), and the unprivileged user "
+                   f"that would run the case instead cannot run {command[0]}: {error}")
 
 
 def standard_input(case):
@@ -252,19 +275,23 @@ def with_places(text, directory, scratch):
 
 
 def run_case(case, directory, scratch, programs):
+    as_another_user = False
     for made in case["files"]:
-        make_file(scratch, *made)
+        as_another_user |= make_file(scratch, *made)
     case["sections"] = {name: with_places(text, directory, scratch) for name, text in case["sections"].items()}
     command = [with_places(word, directory, scratch) for word in case["command"]]
     command[0] = programs.get(command[0], command[0])
     for source in ("stdin_file", "stdin_piped"):
         if case[source]:
             case[source] = os.path.join(directory, with_places(case[source], directory, scratch))
+    if as_another_user:
+        check_nobody_can_run(command, directory)
     stdin, input_bytes = standard_input(case)
     stdout = open(case["stdout_to"], "wb") if case["stdout_to"] else subprocess.PIPE
     try:
         run = subprocess.run(command, cwd=directory, stdin=stdin, input=input_bytes,
-                             stdout=stdout, stderr=subprocess.PIPE, timeout=TIME_LIMIT)
+                             stdout=stdout, stderr=subprocess.PIPE, timeout=TIME_LIMIT,
+                             preexec_fn=as_nobody if as_another_user else None)
     except subprocess.TimeoutExpired:
         print(f"no answer after {TIME_LIMIT} seconds: the command waits for something", file=sys.stderr)
         return 1

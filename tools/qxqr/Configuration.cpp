@@ -1,5 +1,7 @@
 #include "Configuration.hpp"
 
+#include "Assignment.hpp"
+
 #include <qxqrscript/Rules.hpp>
 
 #include <CLI/CLI.hpp>
@@ -7,25 +9,6 @@
 #include <utility>
 
 namespace qxqr {
-
-namespace {
-
-std::string checkAssignment(const std::string& assignment)
-{
-    std::string::size_type equals = assignment.find('=');
-    if (equals == std::string::npos || equals == 0)
-        return "expected NAME=VALUE, got '" + assignment + "'";
-    return std::string();
-}
-
-// NAME=VALUE split at its first '=', so that a value may hold '=' itself.
-std::pair<std::string, std::string> splitAssignment(const std::string& assignment)
-{
-    std::string::size_type equals = assignment.find('=');
-    return {assignment.substr(0, equals), assignment.substr(equals + 1)};
-}
-
-} // namespace
 
 void Configuration::addOptions(CLI::App& command)
 {

@@ -4,11 +4,22 @@
 
 namespace qxqr {
 
-void OutputFormat::addOption(CLI::App& command)
+namespace {
+
+// "text (the default), json or dot".
+std::string described(const std::vector<std::string>& names)
 {
-    command.add_option("--format", name, "text (the default) or json")
-        ->type_name("FORMAT")
-        ->check(CLI::IsMember({"text", "json"}));
+    std::string text = names.front() + " (the default)";
+    for (std::size_t index = 1; index < names.size(); ++index)
+        text += (index + 1 == names.size() ? " or " : ", ") + names[index];
+    return text;
+}
+
+} // namespace
+
+void OutputFormat::addOption(CLI::App& command, const std::vector<std::string>& names)
+{
+    command.add_option("--format", name, described(names))->type_name("FORMAT")->check(CLI::IsMember(names));
 }
 
 std::string jsonText(const nlohmann::json& value)

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -11,12 +12,15 @@ class App;
 
 namespace qxqr {
 
-// How `check`, `query` and `walk` write their answer: as text for people
-// (the default), or, with --format json, as one JSON document for programs.
+// How a command writes its answer: as text for people (the default), or,
+// with --format json, as one JSON document for programs; `deps` knows two
+// more forms, which it names itself.
 class OutputFormat {
 public:
-    void addOption(CLI::App& command);
+    // `names` are the forms the command knows, text first.
+    void addOption(CLI::App& command, const std::vector<std::string>& names = {"text", "json"});
     bool isJson() const { return name == "json"; }
+    const std::string& chosen() const { return name; }
 
 private:
     std::string name = "text";

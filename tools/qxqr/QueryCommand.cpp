@@ -8,6 +8,7 @@
 #include "ScriptLoader.hpp"
 #include "StandardOutput.hpp"
 #include "StreamedJsonDocument.hpp"
+#include "Verdict.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -36,20 +37,9 @@ Answer ask(QuorelScript::Rules& rules, const std::string& file, const char* call
     return answer;
 }
 
-std::string verdict(const Answer& answer)
-{
-    if (answer.excludedBy && answer.prunedBy)
-        return "excluded, pruned";
-    if (answer.excludedBy)
-        return "excluded";
-    if (answer.prunedBy)
-        return "pruned";
-    return "kept";
-}
-
 std::string asText(const Answer& answer, bool explain)
 {
-    std::string text = quotedName(answer.file) + ": " + verdict(answer) + "\n";
+    std::string text = quotedName(answer.file) + ": " + verdict(answer.excludedBy.has_value(), answer.prunedBy.has_value()) + "\n";
     if (explain) {
         for (const std::optional<std::string>& rule : {answer.excludedBy, answer.prunedBy})
             if (rule)

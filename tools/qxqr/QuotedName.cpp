@@ -88,7 +88,7 @@ std::string quoted(const Run& run)
 std::string quotedName(const std::string& name)
 {
     std::vector<Run> runs = runsOf(name);
-    if (runs.size() == 1 && runs.front().kind == Kind::ordinary)
+    if (runs.size() == 1 && runs.front().kind == Kind::ordinary && name.find(' ') == std::string::npos)
         return name;
     if (runs.empty())
         return "''";
@@ -96,6 +96,12 @@ std::string quotedName(const std::string& name)
     for (const Run& run : runs)
         text += quoted(run);
     return text;
+}
+
+std::string nameInQuotes(const std::string& name)
+{
+    const std::string shown = quotedName(name);
+    return shown == name ? "'" + name + "'" : shown;
 }
 
 } // namespace qxqr

@@ -1,6 +1,7 @@
 #include "ScriptFile.hpp"
 
 #include "Command.hpp"
+#include "QuotedName.hpp"
 
 #include <qxqrscript/FileReader.hpp>
 
@@ -52,7 +53,7 @@ std::string kindOf(mode_t mode)
 
 void ScriptFile::refuse(const std::string& name, const std::string& reason)
 {
-    throw Failure("qxqr: cannot read '" + name + "': " + reason + "\n");
+    throw Failure("qxqr: cannot read " + nameInQuotes(name) + ": " + reason + "\n");
 }
 
 ScriptFile::ScriptFile(const std::string& name) : name_(name)
@@ -77,7 +78,7 @@ ScriptFile::ScriptFile(const std::string& name) : name_(name)
             if (static_cast<unsigned long long>(size) > QuorelScript::FileReader::maxFileSize)
                 refuse(name, tooLarge());
             ::lseek(descriptor_, 0, SEEK_SET);
-            readHere_ = isStandardInput;
+            readHere_ = isStandardInput || quotedName(name) != name;
         } else if (isPipe(descriptor_, status)) {
             readHere_ = true;
         } else {
@@ -96,7 +97,7 @@ ScriptFile::~ScriptFile()
 
 std::string ScriptFile::scriptName() const
 {
-    return name_ == standardInput ? "<standard input>" : name_;
+    return name_ == standardInput ? "<standard input>" : quotedName(name_);
 }
 
 std::string ScriptFile::readWhole() const

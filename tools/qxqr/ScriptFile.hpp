@@ -13,7 +13,8 @@ namespace qxqr {
 // input.
 class ScriptFile {
 public:
-    // Throws Failure "qxqr: cannot read 'NAME': <reason>" for a script that
+    // Throws Failure "qxqr: cannot read 'NAME': <reason>" (the name quoted
+    // as a message shows it) for a script that
     // the library would not read.
     explicit ScriptFile(const std::string& name);
     ~ScriptFile();
@@ -23,13 +24,15 @@ public:
     // Whether the tool reads the script itself (readWhole) rather than hand
     // its name to the library: a pipe can be read only once, so a pipe too
     // large for a script would be lost without a word when appended to a
-    // rule set; and standard input is read once, whatever it is, under one
-    // name.
+    // rule set; standard input is read once, whatever it is, under one
+    // name; and a name that text output quotes must reach the library's
+    // reports and the rules' debug texts quoted too.
     bool readHere() const { return readHere_; }
     // The whole text, read to the end and no further than the limit; throws
     // Failure when there is more, or the read fails.
     std::string readWhole() const;
-    // The name under which the library knows the script.
+    // The name under which the library knows the script: "<standard
+    // input>", or the name as text output shows it.
     std::string scriptName() const;
 
     // Throws Failure "qxqr: cannot read 'NAME': <reason>".

@@ -2,6 +2,7 @@
 
 #include "Command.hpp"
 #include "ScriptFile.hpp"
+#include "SyntaxHint.hpp"
 
 #include <qxqrscript/FileReader.hpp>
 
@@ -35,7 +36,8 @@ void readFile(QuorelScript::FileReader& reader, std::unique_ptr<QuorelScript::Ru
 
 } // namespace
 
-std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& scripts, bool verbose)
+std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& scripts, bool verbose,
+                                               ScriptTexts* texts)
 {
     // Declared before the reader, whose parser writes into it until the end.
     std::ostringstream syntaxErrors;
@@ -46,12 +48,16 @@ std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& s
     std::unique_ptr<QuorelScript::Rules> rules;
     for (const std::string& script : scripts) {
         const ScriptFile file(script);
-        if (file.readHere())
-            parseText(reader.getParser(), rules, file.scriptName(), file.readWhole());
-        else
+        if (file.readHere() || texts) {
+            const std::string text = file.readWhole();
+            parseText(reader.getParser(), rules, file.scriptName(), text);
+            if (texts)
+                texts->push_back({file.scriptName(), text});
+        } else {
             readFile(reader, rules, script);
+        }
         if (!syntaxErrors.str().empty())
-            throw Failure(syntaxErrors.str());
+            throw Failure(syntaxErrors.str() + syntaxHint(syntaxErrors.str()));
         if (!rules) {  // readable a moment ago, but not when the library read it
             const ScriptFile again(script);  // throws with the reason, if it has one now
             ScriptFile::refuse(script, "It changed while it was read");
@@ -60,9 +66,11 @@ std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& s
     return rules;
 }
 
-void addScriptsOperand(CLI::App& command, std::vector<std::string>& scripts)
+void addScriptsOperand(CLI::App& command, std::vector<std::string>& scripts, bool optional)
 {
-    command.add_option("SCRIPT", scripts, "rules scripts, parsed in order into one rule set")->type_name("")->required();
+    command.add_option("SCRIPT", scripts, "rules scripts, parsed in order into one rule set")
+        ->type_name("")
+        ->required(!optional);
 }
 
 } // namespace qxqr

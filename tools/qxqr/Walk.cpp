@@ -29,9 +29,6 @@ WalkStopped::WalkStopped(Limit limit, std::string file, std::optional<std::strin
 {
 }
 
-namespace {
-
-// Decides one file's fate; for a kept file also asks what it includes.
 Visit visit(QuorelScript::Rules& rules, const std::string& file, const std::string* caller)
 {
     Visit result{file, std::nullopt, Fate::kept, std::nullopt, {}};
@@ -48,6 +45,8 @@ Visit visit(QuorelScript::Rules& rules, const std::string& file, const std::stri
         result.rule = rules.getLastMatchText();
     return result;
 }
+
+namespace {
 
 class Walker {
 public:

@@ -28,6 +28,10 @@ struct Visit {
     std::vector<std::string> includes;     // what its include rules added (kept files only)
 };
 
+// Decides one file's fate, `caller` (null for a start file) being the file
+// that led to it; for a kept file also asks what it includes.
+Visit visit(QuorelScript::Rules& rules, const std::string& file, const std::string* caller);
+
 using VisitReport = std::function<void(const Visit&)>;
 
 // How far a walk may go. A rule can add a new file at every step for ever

@@ -4,11 +4,14 @@
 #include "Arguments.hpp"
 #include "CheckCommand.hpp"
 #include "Command.hpp"
+#include "DepsCommand.hpp"
+#include "LintCommand.hpp"
 #include "OperandReader.hpp"
 #include "QueryCommand.hpp"
 #include "StandardOutput.hpp"
 #include "TraceCommand.hpp"
 #include "WalkCommand.hpp"
+#include "WhyCommand.hpp"
 
 #include <qxqrscript/version.hpp>
 
@@ -107,7 +110,8 @@ int main(int argc, char** argv)
 {
     Arguments arguments = splitAtSeparator(argc, argv);
 
-    CLI::App qxqr("Check, query and walk rules scripts.", "qxqr");
+    CLI::App qxqr("Check, query, walk, explain and lint rules scripts, and find what programs need under them.",
+                  "qxqr");
     qxqr.require_subcommand(1);
     qxqr.set_version_flag("--version", [&qxqr] { return versionText(qxqr); },
                           "Print the tool's version, the library's and its build date, and exit");
@@ -116,6 +120,9 @@ int main(int argc, char** argv)
     QueryCommand query(qxqr);
     WalkCommand walk(qxqr);
     TraceCommand trace(qxqr);
+    WhyCommand why(qxqr);
+    LintCommand lint(qxqr);
+    DepsCommand deps(qxqr);
 
     try {
         qxqr.parse(static_cast<int>(arguments.parsed.size()), arguments.parsed.data());
@@ -126,7 +133,7 @@ int main(int argc, char** argv)
     }
 
     try {
-        return write(runCommand(selectedCommand({&check, &query, &walk, &trace}), arguments));
+        return write(runCommand(selectedCommand({&check, &query, &walk, &trace, &why, &lint, &deps}), arguments));
     } catch (const UsageError& error) {
         return write({"", usageMessage(qxqr, error.what()), usageStatus});
     } catch (const Failure& failure) {

@@ -1,5 +1,5 @@
 // A host program built against an installed copy of the library: it parses
-// a one-rule script and asks one question.
+// a one-rule script, asks one question, and asks it again with a trace.
 #include <qxqrscript.hpp>
 
 #include <cstring>
@@ -12,6 +12,9 @@ int main() {
     if (!rules || std::strcmp(libqxqrscript_version, "1.0.0") != 0)
         return 1;
     if (!rules->isExcluded("/src/main.o", nullptr, nullptr) || rules->isExcluded("/src/main.c", nullptr, nullptr))
+        return 1;
+    using namespace QuorelScript::Inspect;
+    if (traceQuery(*rules, Question::Excluded, "/src/main.o", nullptr).decidingRule != 0)
         return 1;
     std::cout << "installed package works" << std::endl;
     return 0;

@@ -1,0 +1,22 @@
+#ifndef QXQRSCRIPT_INSPECT_RULEVIEW_HPP
+#define QXQRSCRIPT_INSPECT_RULEVIEW_HPP
+
+#include "inspect/ConditionView.hpp"
+#include "rules/Rule.hpp"
+
+#include <qxqrscript/inspect.hpp>
+
+#include <cstddef>
+#include <vector>
+
+namespace QuorelScript {
+
+// A rule as plain values, the `position`th of its kind; with `sources`, the
+// expression of each node of its condition (see conditionView).
+Inspect::Rule ruleView(const ExcludeRule& rule, std::size_t position, std::vector<NodeSource>* sources = nullptr);
+Inspect::Rule ruleView(const PruneRule& rule, std::size_t position, std::vector<NodeSource>* sources = nullptr);
+Inspect::Rule ruleView(const IncludeRule& rule, std::size_t position, std::vector<NodeSource>* sources = nullptr);
+
+} // namespace QuorelScript
+
+#endif

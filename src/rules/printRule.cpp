@@ -1,0 +1,23 @@
+#include "rules/printRule.hpp"
+
+#include <ostream>
+
+namespace QuorelScript {
+
+void printRule(std::ostream& os, const ExcludeRule& rule) {
+    os << "exclude if ";
+    rule.condition->print(os);
+}
+
+void printRule(std::ostream& os, const PruneRule& rule) {
+    os << "prune if ";
+    rule.condition->print(os);
+}
+
+void printRule(std::ostream& os, const IncludeRule& rule) {
+    os << "include ";
+    printPathList(os, *rule.paths) << " if ";
+    rule.condition->print(os);
+}
+
+} // namespace QuorelScript

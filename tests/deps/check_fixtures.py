@@ -1,0 +1,308 @@
+#!/usr/bin/env python3
+"""Builds small programs and libraries with the compiler and checks `qxqr deps` on them.
+
+Each fixture states the closure it expects: the libraries of the fixture
+that are found (by their place in the fixture), and the names that nothing
+answers. The C library and the loader come with every program and are
+checked to be there. Every fixture's whole closure is compared with the
+system's loader (ldd) as well. Then the forms of the output, the rules,
+--copy-to and the files that are no loadable ELF file are checked on them.
+"""
+
+import argparse
+import json
+import os
+import subprocess
+import sys
+import tempfile
+
+from fixture_builder import Builder
+
+FAILURES = []
+
+
+def check(condition, message):
+    if not condition:
+        FAILURES.append(message)
+
+
+def run_deps(qxqr, arguments, env=None):
+    return subprocess.run([qxqr, "deps"] + arguments, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+                          env=env)
+
+
+def closure_of(qxqr, program, options, env):
+    run = run_deps(qxqr, ["--format", "json", "--allow-missing"] + options + ["--", program], env)
+    check(run.returncode == 0, f"{program}: qxqr deps failed:\n{run.stderr}")
+    found = set()
+    for item in json.loads(run.stdout or '{"dependencies": []}')["dependencies"]:
+        if item["link"] == "start":
+            continue
+        found.add("not found: " + item["name"] if item["fate"] == "not found" else os.path.realpath(item["file"]))
+    return found
+
+
+def loader_closure(program, env):
+    run = subprocess.run(["ldd", program], stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, env=env)
+    found = set()
+    for line in run.stdout.splitlines():
+        line = line.strip()
+        if "=>" in line:
+            name, _, place = line.partition("=>")
+            place = place.strip()
+            found.add("not found: " + name.strip() if place.startswith("not found")
+                      else os.path.realpath(place.rsplit(" (0x", 1)[0]))
+        elif line.startswith("/"):
+            found.add(os.path.realpath(line.rsplit(" (0x", 1)[0]))
+    return found
+
+
+def system_part(found, root):
+    return {item for item in found if not item.startswith(root + "/") and not item.startswith("not found")}
+
+
+def environment(library_path):
+    env = dict(os.environ)
+    env.pop("LD_LIBRARY_PATH", None)
+    if library_path is not None:
+        env["LD_LIBRARY_PATH"] = library_path
+    return env
+
+
+def check_closure(qxqr, builder, name, program, expected, library_path=None, as_option=False):
+    """`expected`: the fixture's libraries (relative paths) and "not found: NAME" entries.
+    `library_path` is LD_LIBRARY_PATH, given to qxqr through the environment, or with
+    --ld-library-path if `as_option`."""
+    options = ["--ld-library-path", library_path] if as_option else []
+    found = closure_of(qxqr, program, options, environment(None if as_option else library_path))
+    env = environment(library_path)
+    root = os.path.realpath(builder.root)
+    wanted = {item if item.startswith("not found") else os.path.realpath(builder.path(item)) for item in expected}
+    local = found - system_part(found, root)
+    check(local == wanted, f"{name}: the closure's own part is {sorted(local)}, expected {sorted(wanted)}")
+    basenames = {os.path.basename(item) for item in system_part(found, root)}
+    check("libc.so.6" in basenames, f"{name}: no C library in {sorted(found)}")
+    loader = loader_closure(program, env)
+    check(found == loader, f"{name}: qxqr deps and ldd differ\n  qxqr deps: {sorted(found)}\n  ldd: {sorted(loader)}")
+
+
+def build_and_check_closures(qxqr, builder, compiler):
+    b = builder
+    # $ORIGIN in a DT_RPATH, a chain of two libraries, and a cycle between two others.
+    b.library("origin/lib/libb.so.1")
+    b.library("origin/lib/liba.so.1", ["origin/lib/libb.so.1"])
+    b.library("origin/lib/libq.so.1")
+    b.library("origin/lib/libp.so.1", ["origin/lib/libq.so.1"])
+    b.library("origin/lib/libq.so.1", ["origin/lib/libp.so.1"])  # libq needs libp needs libq
+    program = b.program("origin/bin/app", ["origin/lib/liba.so.1", "origin/lib/libp.so.1"],
+                        ["-Wl,--disable-new-dtags,-rpath,$ORIGIN/../lib"])
+    check_closure(qxqr, b, "$ORIGIN and a cycle", program,
+                  {"origin/lib/liba.so.1", "origin/lib/libb.so.1", "origin/lib/libp.so.1", "origin/lib/libq.so.1"})
+
+    # A DT_RPATH serves the libraries that the program loads; a DT_RUNPATH does not.
+    b.library("inherit/deep/liby.so.1")
+    b.library("inherit/lib/libx.so.1", ["inherit/deep/liby.so.1"])
+    deep, lib = b.path("inherit/deep"), b.path("inherit/lib")
+    program = b.program("inherit/rpath-app", ["inherit/lib/libx.so.1"],
+                        [f"-Wl,--disable-new-dtags,-rpath,{lib}:{deep}"])
+    check_closure(qxqr, b, "DT_RPATH is inherited", program, {"inherit/lib/libx.so.1", "inherit/deep/liby.so.1"})
+    program = b.program("inherit/runpath-app", ["inherit/lib/libx.so.1"],
+                        [f"-Wl,--enable-new-dtags,-rpath,{lib}:{deep}"])
+    check_closure(qxqr, b, "DT_RUNPATH is not inherited", program, {"inherit/lib/libx.so.1", "not found: liby.so.1"})
+
+    # DT_RPATH comes before LD_LIBRARY_PATH, which comes before DT_RUNPATH.
+    b.library("order/first/libv.so.1")
+    b.library("order/second/libv.so.1")
+    first, second = b.path("order/first"), b.path("order/second")
+    rpath_app = b.program("order/rpath-app", ["order/first/libv.so.1"], [f"-Wl,--disable-new-dtags,-rpath,{first}"])
+    runpath_app = b.program("order/runpath-app", ["order/first/libv.so.1"],
+                            [f"-Wl,--enable-new-dtags,-rpath,{first}"])
+    for as_option in (True, False):
+        check_closure(qxqr, b, "DT_RPATH before LD_LIBRARY_PATH", rpath_app, {"order/first/libv.so.1"},
+                      second, as_option)
+        check_closure(qxqr, b, "LD_LIBRARY_PATH before DT_RUNPATH", runpath_app, {"order/second/libv.so.1"},
+                      second, as_option)
+
+    # A soname already loaded is not searched again: libu needs libv, and
+    # finds the copy the program loaded through its own DT_RUNPATH, not the
+    # one in libu's.
+    b.library("loaded/libu.so.1", ["order/second/libv.so.1"], [f"-Wl,--enable-new-dtags,-rpath,{second}"])
+    program = b.program("loaded/app", ["order/first/libv.so.1", "loaded/libu.so.1"],
+                        [f"-Wl,--enable-new-dtags,-rpath,{first}:{b.path('loaded')}"])
+    check_closure(qxqr, b, "a soname already loaded", program, {"order/first/libv.so.1", "loaded/libu.so.1"})
+
+    # A program started through a symbolic link finds $ORIGIN where it really
+    # lies, as when it runs. (ldd, which hands the loader the name as given,
+    # takes the link's directory instead; running the program shows the
+    # loader's own answer.)
+    b.library("linked/real/lib/libo.so.1")
+    real = b.program("linked/real/bin/app", ["linked/real/lib/libo.so.1"],
+                     ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"])
+    os.makedirs(b.path("linked/elsewhere"))
+    os.symlink(real, b.path("linked/elsewhere/app"))
+    found = closure_of(qxqr, b.path("linked/elsewhere/app"), [], environment(None))
+    check(os.path.realpath(b.path("linked/real/lib/libo.so.1")) in found,
+          f"a program started through a link: {sorted(found)}")
+    ran = subprocess.run([b.path("linked/elsewhere/app")], env=environment(None))
+    check(ran.returncode == 0, f"the program started through a link loads its library (status {ran.returncode})")
+
+    # A library that is gone.
+    b.library("missing/libgone.so.1")
+    program = b.program("missing/app", ["missing/libgone.so.1"])
+    os.remove(b.path("missing/libgone.so.1"))
+    check_closure(qxqr, b, "a missing library", program, {"not found: libgone.so.1"})
+    run = run_deps(qxqr, ["--format", "paths", "--", program])
+    check(run.returncode == 1 and "qxqr: libgone.so.1: not found (needed by " + program + ")\n" == run.stderr,
+          f"a missing library fails a run without --allow-missing: {run.returncode} {run.stderr!r}")
+
+    # A library of the other class comes first in the search and is passed over.
+    b.library("class/right/libw.so.1")
+    try:
+        b.compile("class/wrong/libw.so.1", "int f_libw(void) { return 1; }\n",
+                  ["-m32", "-shared", "-fPIC", "-nostdlib", "-Wl,-soname,libw.so.1"])
+    except subprocess.CalledProcessError:
+        print("the compiler makes no 32-bit library here: the wrong-class fixture is left out")
+    else:
+        right, wrong = b.path("class/right"), b.path("class/wrong")
+        program = b.program("class/app", ["class/right/libw.so.1"],
+                            [f"-Wl,--disable-new-dtags,-rpath,{wrong}:{right}"])
+        check_closure(qxqr, b, "a library of the other class", program, {"class/right/libw.so.1"})
+
+
+def loader_names(program):
+    """The interpreter and the C library of `program`, as ldd names them."""
+    names = {}
+    for line in subprocess.run(["ldd", program], stdout=subprocess.PIPE, text=True).stdout.splitlines():
+        line = line.strip().rsplit(" (0x", 1)[0]
+        if line.startswith("/"):
+            names["LOADER"] = line
+        elif line.startswith("libc.so.6 => "):
+            names["LIBC"] = line.partition(" => ")[2]
+    return names
+
+
+def filled(text, names):
+    for key, value in names.items():
+        text = text.replace(key, value)
+    return text
+
+
+def check_forms(qxqr, b):
+    """The forms of the output, the rules and --copy-to, on an application with a plug-in folder."""
+    b.library("bundle/lib/libcommon.so.1")
+    b.library("bundle/plugins/libplug.so", ["bundle/lib/libcommon.so.1"],
+              ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"])
+    with open(b.path("bundle/plugins/notes.txt"), "w") as notes:
+        notes.write("not a library\n")
+    program = b.program("bundle/bin/app", ["bundle/lib/libcommon.so.1"],
+                        ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"])
+    with open(b.path("bundle.rules"), "w") as rules:
+        rules.write("exclude if $name == libc.so\ninclude $vantor/plugins if $dir == $vantor/bin\n")
+    names = dict(loader_names(program), ROOT=b.root)
+    common = ["--root", b.path("bundle"), "bundle.rules"]
+
+    def deps(*arguments):
+        return subprocess.run([qxqr, "deps"] + list(arguments), cwd=b.root, stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, text=True)
+
+    text = deps("--explain", *common, "--", program)
+    expected = filled("ROOT/bundle/bin/app: kept\n"
+                      "LOADER: kept (interpreter of ROOT/bundle/bin/app)\n"
+                      "ROOT/bundle/bin/../lib/libcommon.so.1: kept (needed by ROOT/bundle/bin/app)\n"
+                      "LIBC: excluded (needed by ROOT/bundle/bin/app)\n"
+                      "    bundle.rules, line 1:\n"
+                      "    exclude if $name == libc.so\n"
+                      "ROOT/bundle/plugins/libplug.so: kept (included by ROOT/bundle/bin/app)\n"
+                      "ROOT/bundle/plugins/notes.txt: kept (included by ROOT/bundle/bin/app)\n"
+                      "5 kept, 1 excluded, 0 pruned, 0 not found\n", names)
+    check((text.returncode, text.stdout, text.stderr) == (0, expected, ""),
+          f"text form:\n{text.stdout}{text.stderr}expected:\n{expected}")
+
+    paths = deps(*common, "--format", "paths", "--", program)
+    expected = filled("LOADER\nROOT/bundle/bin/../lib/libcommon.so.1\nLIBC\nROOT/bundle/plugins/libplug.so\n"
+                      "ROOT/bundle/plugins/notes.txt\n", names)
+    check(paths.stdout == expected, f"paths form:\n{paths.stdout}expected:\n{expected}")
+
+    document = json.loads(deps(*common, "--format", "json", "--", program).stdout)
+    by_name = {item["name"]: item for item in document["dependencies"]}
+    check(document["summary"] == {"kept": 5, "excluded": 1, "pruned": 0, "not found": 0},
+          f"JSON summary: {document['summary']}")
+    check(by_name["libc.so.6"]["fate"] == "excluded" and by_name["libc.so.6"]["rule"]["line"] == 1,
+          f"JSON libc: {by_name['libc.so.6']}")
+    check(by_name["libcommon.so.1"]["soname"] == "libcommon.so.1" and by_name["libcommon.so.1"]["link"] == "needed",
+          f"JSON libcommon: {by_name['libcommon.so.1']}")
+    check(by_name[program]["includes"] == [b.path("bundle/plugins/libplug.so"), b.path("bundle/plugins/notes.txt")],
+          f"JSON app: {by_name[program]}")
+
+    dot = deps(*common, "--format", "dot", "--", program).stdout
+    libc_node = filled('"LIBC" [label="libc.so.6", tooltip="LIBC", style=dashed', names)
+    plugin_edge = f'"{program}" -> "{b.path("bundle/plugins/libplug.so")}" [style=dotted];'
+    check(dot.startswith("digraph dependencies {\n") and dot.endswith("}\n") and libc_node in dot
+          and plugin_edge in dot, f"dot form:\n{dot}")
+
+    copy = deps(*common, "--copy-to", "shipped", "--format", "paths", "--", program)
+    shipped = sorted(os.listdir(b.path("shipped"))) if os.path.isdir(b.path("shipped")) else []
+    wanted = sorted([os.path.basename(names["LOADER"]), "libcommon.so.1", "libplug.so", "notes.txt"])
+    check(copy.returncode == 0 and shipped == wanted, f"--copy-to made {shipped}, expected {wanted}: {copy.stderr}")
+    with open(b.path("shipped/libcommon.so.1"), "rb") as copied, \
+            open(b.path("bundle/lib/libcommon.so.1"), "rb") as original:
+        check(copied.read() == original.read(), "--copy-to changed a library")
+
+    # A symbolic link already in the folder under a copy's name is replaced,
+    # not written through to where it points.
+    victim = b.path("victim.txt")
+    with open(victim, "w") as file:
+        file.write("untouched\n")
+    os.remove(b.path("shipped/libcommon.so.1"))
+    os.symlink(victim, b.path("shipped/libcommon.so.1"))
+    again = deps(*common, "--copy-to", "shipped", "--format", "paths", "--", program)
+    with open(victim) as file:
+        check(again.returncode == 0 and file.read() == "untouched\n"
+              and not os.path.islink(b.path("shipped/libcommon.so.1")),
+              f"--copy-to wrote through a symbolic link: {again.stderr}")
+
+
+def check_problems(qxqr, b):
+    """Files that are no loadable ELF file: a message naming each, and the walk goes on."""
+    good = b.library("problems/good/libx.so.1")
+    with open(good, "rb") as whole:
+        cut = whole.read()[:40]
+    os.makedirs(b.path("problems/bad"))
+    with open(b.path("problems/bad/libx.so.1"), "wb") as bad:
+        bad.write(cut)
+    program = b.program("problems/app", ["problems/good/libx.so.1"],
+                        [f"-Wl,--disable-new-dtags,-rpath,{b.path('problems/bad')}:{b.path('problems/good')}"])
+    with open(b.path("problems/notes.txt"), "w") as notes:
+        notes.write("hello\n")
+    os.symlink("loop", b.path("problems/loop"))
+    run = run_deps(qxqr, ["--format", "paths", "--", b.path("problems/notes.txt"), b.path("problems/loop"),
+                          program, "/usr/bin/env"])
+    lines = run.stderr.splitlines()
+    check(run.returncode == 1 and len(lines) == 3, f"problems: status {run.returncode}:\n{run.stderr}")
+    check(lines[0:2] == [f"qxqr: {b.path('problems/notes.txt')}: not an ELF file",
+                         f"qxqr: {b.path('problems/loop')}: Too many levels of symbolic links"],
+          f"problems with start files:\n{run.stderr}")
+    check(len(lines) == 3 and lines[2].startswith(f"qxqr: {b.path('problems/bad/libx.so.1')}: ")
+          and lines[2].endswith(f" (needed by {program})"), f"a malformed library:\n{run.stderr}")
+    check("libc.so.6" in run.stdout, f"the walk goes on after the problems:\n{run.stdout}")
+
+
+def main():
+    options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    options.add_argument("--qxqr", required=True)
+    options.add_argument("--compiler", required=True)
+    arguments = options.parse_args()
+    qxqr = os.path.abspath(arguments.qxqr)
+    with tempfile.TemporaryDirectory(prefix="qxqr-deps-") as root:
+        builder = Builder(arguments.compiler, root)
+        build_and_check_closures(qxqr, builder, arguments.compiler)
+        check_forms(qxqr, builder)
+        check_problems(qxqr, builder)
+    for failure in FAILURES:
+        print(failure, file=sys.stderr)
+    print(f"{len(FAILURES)} failures")
+    return 1 if FAILURES else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,59 @@
+#include "DependencyOutput.hpp"
+#include "MatchText.hpp"
+#include "QuotedName.hpp"
+#include "StandardOutput.hpp"
+
+namespace qxqr {
+
+namespace {
+
+// "needed by", "interpreter of", "included by".
+std::string relation(Link link)
+{
+    switch (link) {
+    case Link::interpreter:
+        return "interpreter of ";
+    case Link::included:
+        return "included by ";
+    default:
+        return "needed by ";
+    }
+}
+
+class TextOutput : public DependencyOutput {
+public:
+    explicit TextOutput(bool explain) : explain(explain) {}
+
+    void met(const Dependency& dependency) override
+    {
+        if (!meetings.first(dependency))
+            return;
+        std::string text = quotedName(dependency.visit.file) + ": " + fateName(dependency);
+        if (dependency.visit.caller)
+            text += " (" + relation(dependency.link) + quotedName(*dependency.visit.caller) + ")";
+        text += "\n";
+        if (explain && dependency.visit.rule)
+            text += MatchText(*dependency.visit.rule).indented("    ");
+        writeStandardOutput(text);
+    }
+
+    void finish(const DependencyCounts& counts) override
+    {
+        writeStandardOutput(std::to_string(counts.kept) + " kept, " + std::to_string(counts.excluded) +
+                            " excluded, " + std::to_string(counts.pruned) + " pruned, " +
+                            std::to_string(counts.notFound) + " not found\n");
+    }
+
+private:
+    bool explain;
+    FirstMeetings meetings;
+};
+
+} // namespace
+
+std::unique_ptr<DependencyOutput> textOutput(bool explain)
+{
+    return std::make_unique<TextOutput>(explain);
+}
+
+} // namespace qxqr

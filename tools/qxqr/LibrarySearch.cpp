@@ -1,0 +1,110 @@
+#include "LibrarySearch.hpp"
+
+#include "LoaderPlatform.hpp"
+
+#include <utility>
+
+namespace qxqr {
+
+namespace {
+
+void append(std::vector<std::string>& to, const std::vector<std::string>& more)
+{
+    to.insert(to.end(), more.begin(), more.end());
+}
+
+std::string joined(const std::string& directory, const std::string& name)
+{
+    return directory.empty() || directory.back() == '/' ? directory + name : directory + "/" + name;
+}
+
+const LoadedObject& programOf(const LoadedObject& object)
+{
+    const LoadedObject* program = &object;
+    while (program->loader)
+        program = program->loader;
+    return *program;
+}
+
+} // namespace
+
+LibrarySearch::LibrarySearch(SearchSettings settings, ElfFiles& files) : settings(std::move(settings)), files(files) {}
+
+std::string LibrarySearch::hostPath(const std::string& systemPath) const
+{
+    return !systemPath.empty() && systemPath.front() == '/' ? settings.sysroot + systemPath : systemPath;
+}
+
+std::string LibrarySearch::systemPath(const std::string& hostPath) const
+{
+    const std::string& root = settings.sysroot;
+    if (!root.empty() && hostPath.compare(0, root.size(), root) == 0 && hostPath.size() > root.size() &&
+        hostPath[root.size()] == '/')
+        return hostPath.substr(root.size());
+    return hostPath;
+}
+
+std::vector<std::string> LibrarySearch::directoriesFor(const LoadedObject& requester) const
+{
+    std::vector<std::string> directories;
+    const ElfObject& object = *requester.object;
+    if (!object.runpath) {
+        for (const LoadedObject* loader = &requester; loader; loader = loader->loader) {
+            if (loader->object->rpath && !loader->object->runpath)
+                append(directories, loader->tokens.directories(*loader->object->rpath));
+        }
+    }
+    if (!settings.libraryPath.empty())
+        append(directories, programOf(requester).tokens.directories(settings.libraryPath, ":;"));
+    if (object.runpath)
+        append(directories, requester.tokens.directories(*object.runpath));
+    if (!object.noDefaultLibraries) {
+        append(directories, settings.configured);
+        append(directories, LoaderPlatform::of(object.kind).defaultDirectories);
+    }
+    return directories;
+}
+
+Resolution LibrarySearch::find(const std::string& name, const LoadedObject& requester, const ElfKind& kind)
+{
+    if (name.find('/') != std::string::npos) {
+        std::optional<std::string> path = requester.tokens.expand(name);
+        return path ? probe(*path, kind, true) : Resolution{};
+    }
+    for (const std::string& directory : directoriesFor(requester)) {
+        Resolution resolution = probe(joined(directory, name), kind, false);
+        if (resolution.outcome != Resolution::Outcome::notFound)
+            return resolution;
+    }
+    return {};
+}
+
+// A candidate of another kind is passed over during a search; named
+// directly, it is the one the loader must load, and it cannot.
+Resolution LibrarySearch::probe(const std::string& candidate, const ElfKind& kind, bool lastChance)
+{
+    const ElfFile& file = files.at(hostPath(candidate));
+    switch (file.state) {
+    case ElfFile::State::absent:
+    case ElfFile::State::denied:
+        return {};
+    case ElfFile::State::broken:
+        return {Resolution::Outcome::failed, candidate, file.problem};
+    case ElfFile::State::notElf:
+        return {Resolution::Outcome::failed, candidate, "not an ELF file"};
+    case ElfFile::State::elf:
+        break;
+    }
+    // The loader checks the class before the byte order, and the byte
+    // order before the machine; only the byte order is past mending.
+    const ElfKind& found = file.object->kind;
+    if (found.elfClass == kind.elfClass && found.byteOrder != kind.byteOrder)
+        return {Resolution::Outcome::failed, candidate, "an ELF file of the other byte order"};
+    if (found == kind)
+        return {Resolution::Outcome::found, candidate, ""};
+    if (lastChance)
+        return {Resolution::Outcome::failed, candidate, "an ELF file of another class or machine"};
+    return {};
+}
+
+} // namespace qxqr

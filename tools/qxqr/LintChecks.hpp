@@ -1,0 +1,35 @@
+#ifndef QXQR_LINTCHECKS_HPP
+#define QXQR_LINTCHECKS_HPP
+
+#include <qxqrscript/inspect.hpp>
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace qxqr {
+
+// One thing a script says that is probably not what its author meant.
+struct LintWarning {
+    const QuorelScript::Inspect::Rule* rule;  // the rule it is about
+    std::string check;                         // the check's name, as --disable takes it
+    std::string message;
+};
+
+// What the checks take as given besides the rules.
+struct LintSettings {
+    std::set<std::string> declaredVariables;  // the names given with --set
+    std::set<std::string> allowedPrefixes;    // `in` elements meant as plain prefixes (--allow)
+};
+
+// The names of the checks, in the order the documentation lists them.
+const std::vector<std::string>& lintCheckNames();
+
+// Every warning about `rules` (as rulesOf gives them), rule by rule, each
+// rule's warnings in the order of lintCheckNames.
+std::vector<LintWarning> lintRules(const std::vector<QuorelScript::Inspect::Rule>& rules,
+                                   const LintSettings& settings);
+
+} // namespace qxqr
+
+#endif

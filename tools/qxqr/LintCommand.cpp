@@ -1,0 +1,119 @@
+#include "LintCommand.hpp"
+
+#include "Assignment.hpp"
+#include "LintChecks.hpp"
+#include "LintDirectives.hpp"
+#include "ScriptLoader.hpp"
+
+#include <qxqrscript/inspect.hpp>
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+
+namespace qxqr {
+
+namespace {
+
+std::string checkName(const std::string& name)
+{
+    const std::vector<std::string>& names = lintCheckNames();
+    if (std::find(names.begin(), names.end(), name) != names.end())
+        return std::string();
+    std::string known;
+    for (const std::string& each : names)
+        known += (known.empty() ? "" : ", ") + each;
+    return "unknown check '" + name + "' (the checks: " + known + ")";
+}
+
+// The line on which the rule begins: its recorded line is where its
+// condition ends, after any continuation lines of its text.
+long firstLineOf(const QuorelScript::Inspect::Rule& rule)
+{
+    return rule.line - static_cast<long>(std::count(rule.text.begin(), rule.text.end(), '\n'));
+}
+
+bool isSilenced(const LintWarning& warning, const std::vector<std::string>& disabled, const ScriptTexts& texts)
+{
+    if (std::find(disabled.begin(), disabled.end(), warning.check) != disabled.end())
+        return true;
+    const auto script = std::find_if(texts.begin(), texts.end(),
+                                     [&](const ScriptText& text) { return text.name == warning.rule->script; });
+    return script != texts.end() && checksDisabledBefore(script->text, firstLineOf(*warning.rule)).count(warning.check);
+}
+
+// In the order of the scripts as given, then of their lines.
+void sortByPlace(std::vector<LintWarning>& warnings, const ScriptTexts& scripts)
+{
+    auto order = [&](const LintWarning& warning) {
+        const auto script = std::find_if(scripts.begin(), scripts.end(),
+                                         [&](const ScriptText& text) { return text.name == warning.rule->script; });
+        return std::make_pair(script - scripts.begin(), warning.rule->line);
+    };
+    std::stable_sort(warnings.begin(), warnings.end(),
+                     [&](const LintWarning& a, const LintWarning& b) { return order(a) < order(b); });
+}
+
+std::string asText(const LintWarning& warning)
+{
+    return warning.rule->script + ":" + std::to_string(warning.rule->line) + ": warning: " + warning.message + " [" +
+           warning.check + "]\n";
+}
+
+nlohmann::json asJson(const LintWarning& warning)
+{
+    return {{"script", warning.rule->script},
+            {"line", warning.rule->line},
+            {"check", warning.check},
+            {"message", warning.message}};
+}
+
+} // namespace
+
+LintCommand::LintCommand(CLI::App& qxqr)
+    : command(qxqr.add_subcommand("lint", "Warn about what the scripts say that is probably not meant"))
+{
+    addScriptsOperand(*command, scripts);
+    command->add_option("--set", assignments, "take the variable NAME as known (repeatable)")
+        ->type_name("NAME=VALUE")
+        ->check(checkAssignment);
+    command->add_option("--disable", disabled, "turn the check NAME off (repeatable)")
+        ->type_name("NAME")
+        ->check(checkName);
+    command->add_option("--allow", allowed, "an 'in' list path meant as a plain prefix (repeatable)")
+        ->type_name("PATH");
+    command->add_flag("--werror", werror, "exit with status 1 when there are warnings");
+    format.addOption(*command);
+}
+
+Result LintCommand::run(OperandReader&)
+{
+    ScriptTexts texts;
+    const std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts, false, &texts);
+    LintSettings settings;
+    for (const std::string& assignment : assignments)
+        settings.declaredVariables.insert(splitAssignment(assignment).first);
+    settings.allowedPrefixes.insert(allowed.begin(), allowed.end());
+
+    const std::vector<QuorelScript::Inspect::Rule> views = QuorelScript::Inspect::rulesOf(*rules);
+    std::vector<LintWarning> warnings = lintRules(views, settings);
+    warnings.erase(std::remove_if(warnings.begin(), warnings.end(),
+                                  [&](const LintWarning& warning) { return isSilenced(warning, disabled, texts); }),
+                   warnings.end());
+    sortByPlace(warnings, texts);
+
+    Result result;
+    if (format.isJson()) {
+        nlohmann::json list = nlohmann::json::array();
+        for (const LintWarning& warning : warnings)
+            list.push_back(asJson(warning));
+        result.out = jsonDocument({{"scripts", scripts}, {"warnings", list}});
+    } else {
+        for (const LintWarning& warning : warnings)
+            result.out += asText(warning);
+    }
+    result.status = werror && !warnings.empty() ? 1 : 0;
+    return result;
+}
+
+} // namespace qxqr

@@ -1,0 +1,64 @@
+#include "WhyCommand.hpp"
+
+#include "OperandReader.hpp"
+#include "ScriptLoader.hpp"
+#include "StandardOutput.hpp"
+#include "StreamedJsonDocument.hpp"
+#include "WhyJson.hpp"
+#include "WhyText.hpp"
+
+#include <CLI/CLI.hpp>
+
+#include <optional>
+
+namespace qxqr {
+
+namespace {
+
+FileTraces traced(QuorelScript::Rules& rules, const std::string& file, const char* caller)
+{
+    using QuorelScript::Inspect::Question;
+    using QuorelScript::Inspect::traceQuery;
+    return {file, traceQuery(rules, Question::Excluded, file.c_str(), caller),
+            traceQuery(rules, Question::Pruned, file.c_str(), caller),
+            traceQuery(rules, Question::Includes, file.c_str(), caller)};
+}
+
+} // namespace
+
+WhyCommand::WhyCommand(CLI::App& qxqr)
+    : command(qxqr.add_subcommand("why", "Show why each file is excluded, pruned or kept: every condition evaluated"))
+{
+    addScriptsOperand(*command, scripts);
+    configuration.addOptions(*command);
+    command->add_option("--caller", caller, "the file that refers to each FILE ($caller)")->type_name("FILE");
+    format.addOption(*command);
+    colour.addOption(*command);
+    command->footer("The files follow '--': qxqr why [OPTIONS] SCRIPT... -- FILE...\n"
+                    "A FILE of '-' reads file names from standard input, one a line.");
+}
+
+Result WhyCommand::run(OperandReader& files)
+{
+    std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
+    configuration.apply(*rules);
+    const char* callerOrNull = command->count("--caller") ? caller.c_str() : nullptr;
+    const Palette palette(!format.isJson() && colour.enabled());
+
+    std::optional<StreamedJsonDocument> document;
+    if (format.isJson())
+        document.emplace("files");
+    std::string file;
+    while (files.next(file)) {
+        const FileTraces traces = traced(*rules, file, callerOrNull);
+        if (document)
+            document->append(whyJson(traces));
+        else
+            writeStandardOutput(whyText(traces, palette));
+    }
+    if (document)
+        document->finish(nlohmann::json::object());
+    return {};
+}
+
+} // namespace qxqr

@@ -1,0 +1,16 @@
+#ifndef QXQR_WHYJSON_HPP
+#define QXQR_WHYJSON_HPP
+
+#include "FileTraces.hpp"
+
+#include <nlohmann/json.hpp>
+
+namespace qxqr {
+
+// What `why --format json` gives for one file: the text output's tree as
+// JSON (see docs/qxqr.md).
+nlohmann::json whyJson(const FileTraces& traces);
+
+} // namespace qxqr
+
+#endif

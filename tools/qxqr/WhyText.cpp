@@ -1,0 +1,153 @@
+#include "WhyText.hpp"
+
+#include "ConditionDisplay.hpp"
+#include "QuotedName.hpp"
+#include "Verdict.hpp"
+
+#include <utility>
+#include <vector>
+
+namespace qxqr {
+
+namespace {
+
+using QuorelScript::Inspect::Condition;
+using QuorelScript::Inspect::Expansion;
+using QuorelScript::Inspect::Node;
+using QuorelScript::Inspect::NodeKind;
+using QuorelScript::Inspect::NodeValue;
+using QuorelScript::Inspect::QueryTrace;
+using QuorelScript::Inspect::RuleTrace;
+
+// The rule's place and its text on one line: continuation lines joined.
+std::string heading(const QuorelScript::Inspect::Rule& rule)
+{
+    if (rule.script.empty() && rule.line == 0)
+        return rule.recordedText;
+    std::string text;
+    for (std::size_t i = 0; i < rule.text.size(); ++i) {
+        if (rule.text[i] != '\n') {
+            text += rule.text[i];
+            continue;
+        }
+        while (i + 1 < rule.text.size() && (rule.text[i + 1] == ' ' || rule.text[i + 1] == '\t'))
+            ++i;
+        text += ' ';
+    }
+    return rule.script + ":" + std::to_string(rule.line) + ": " + text;
+}
+
+std::string mark(const NodeValue& value, const Palette& palette)
+{
+    if (!value.evaluated)
+        return palette.unasked + "-     " + palette.reset;
+    return value.value ? palette.holds + "true  " + palette.reset : palette.fails + "false " + palette.reset;
+}
+
+std::string pathLine(const Node& node, const NodeValue& value, bool matched)
+{
+    std::string line = "      " + node.text;
+    if (value.evaluated && value.text != node.text)
+        line += " = " + quotedName(value.text);
+    if (matched)
+        line += "  <- matches";
+    return line;
+}
+
+// The condition as an indented tree, one node a line, from a work list.
+std::string conditionText(const Condition& condition, const std::vector<NodeValue>& values, const Palette& palette,
+                          const std::string& indent)
+{
+    struct Pending {
+        std::size_t index;
+        std::size_t depth;
+        bool matched;
+    };
+    std::string text;
+    std::vector<Pending> pending{{0, 0, false}};
+    while (!pending.empty()) {
+        const Pending item = pending.back();
+        pending.pop_back();
+        const Node& node = condition.nodes[item.index];
+        const NodeValue& value = values[item.index];
+        text += indent + std::string(2 * item.depth, ' ');
+        if (node.kind == NodeKind::Path)
+            text += pathLine(node, value, item.matched) + "\n";
+        else
+            text += mark(value, palette) + nodeName(node) + "\n";
+        const std::vector<std::size_t> operands = shownOperands(condition, item.index);
+        for (std::size_t i = operands.size(); i-- > 0;)
+            pending.push_back({operands[i], item.depth + 1, node.kind == NodeKind::In && value.matchedElement == i});
+    }
+    return text;
+}
+
+std::string expansionName(Expansion expansion)
+{
+    switch (expansion) {
+    case Expansion::Directory:
+        return "a directory";
+    case Expansion::Pattern:
+        return "a pattern";
+    default:
+        return "a plain path";
+    }
+}
+
+std::string includedText(const RuleTrace& rule, const std::string& indent)
+{
+    std::string text;
+    for (std::size_t i = 0; i < rule.included.size(); ++i) {
+        const auto& included = rule.included[i];
+        text += indent + "path " + rule.rule.paths[i].text;
+        if (included.text != rule.rule.paths[i].text)
+            text += " = " + quotedName(included.text);
+        text += ", " + expansionName(included.expansion) + "\n";
+        for (const std::string& file : included.files)
+            text += indent + "  includes " + quotedName(file) + "\n";
+    }
+    return text;
+}
+
+std::string ruleText(const RuleTrace& rule, bool decides, const Palette& palette)
+{
+    const std::string indent = "      ";
+    if (!rule.evaluated)
+        return palette.unasked + "    " + heading(rule.rule) + palette.reset + "\n" + indent + palette.unasked +
+               "not evaluated" + palette.reset + "\n";
+    std::string text = decides ? palette.deciding + "    " + heading(rule.rule) + "  <- decides" + palette.reset + "\n"
+                               : "    " + heading(rule.rule) + "\n";
+    return text + conditionText(rule.rule.condition, rule.values, palette, indent) + includedText(rule, indent);
+}
+
+std::string questionText(const std::string& question, const std::string& answer, const QueryTrace& trace,
+                         const char* kind, const Palette& palette)
+{
+    std::string text = "  " + question + ": " + answer + "\n";
+    if (trace.rules.empty())
+        text += std::string("    no ") + kind + " rules\n";
+    for (std::size_t i = 0; i < trace.rules.size(); ++i)
+        text += ruleText(trace.rules[i], i == trace.decidingRule, palette);
+    return text;
+}
+
+std::string includesAnswer(const QueryTrace& trace)
+{
+    std::size_t files = 0;
+    for (const RuleTrace& rule : trace.rules)
+        for (const auto& included : rule.included)
+            files += included.files.size();
+    return files == 1 ? "1 file" : std::to_string(files) + " files";
+}
+
+} // namespace
+
+std::string whyText(const FileTraces& traces, const Palette& palette)
+{
+    return quotedName(traces.file) + ": " + verdict(traces.excluded.answer, traces.pruned.answer) + "\n" +
+           questionText("excluded", traces.excluded.answer ? "yes" : "no", traces.excluded, "exclude", palette) +
+           questionText("pruned", traces.pruned.answer ? "yes" : "no", traces.pruned, "prune", palette) +
+           questionText("includes", includesAnswer(traces.includes), traces.includes, "include", palette);
+}
+
+} // namespace qxqr
