@@ -5,7 +5,7 @@
 #include "LintDirectives.hpp"
 #include "ScriptLoader.hpp"
 
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 
 #include <CLI/CLI.hpp>
 
@@ -28,7 +28,7 @@ std::string checkName(const std::string& name)
 
 // The line on which the rule begins: its recorded line is where its
 // condition ends, after any continuation lines of its text.
-long firstLineOf(const QuorelScript::Inspect::Rule& rule)
+long firstLineOf(const QuorelScript::Observe::Rule& rule)
 {
     return rule.line - static_cast<long>(std::count(rule.text.begin(), rule.text.end(), '\n'));
 }
@@ -95,7 +95,7 @@ Result LintCommand::run(OperandReader&)
         settings.declaredVariables.insert(splitAssignment(assignment).first);
     settings.allowedPrefixes.insert(allowed.begin(), allowed.end());
 
-    const std::vector<QuorelScript::Inspect::Rule> views = QuorelScript::Inspect::rulesOf(*rules);
+    const std::vector<QuorelScript::Observe::Rule> views = QuorelScript::Observe::rulesOf(*rules);
     std::vector<LintWarning> warnings = lintRules(views, settings);
     warnings.erase(std::remove_if(warnings.begin(), warnings.end(),
                                   [&](const LintWarning& warning) { return isSilenced(warning, disabled, texts); }),

@@ -1,4 +1,4 @@
-#include "inspect/traceCondition.hpp"
+#include "observe/traceCondition.hpp"
 
 #include "RulesTesting.hpp"
 #include "TempTree.hpp"
@@ -12,9 +12,9 @@ namespace {
 
 using namespace testing_rules;
 using QuorelScript::NodeSource;
-using QuorelScript::Inspect::Condition;
-using QuorelScript::Inspect::NodeValue;
-using QuorelScript::Inspect::none;
+using QuorelScript::Observe::Condition;
+using QuorelScript::Observe::NodeValue;
+using QuorelScript::Observe::none;
 
 // A condition, its view and what tracing it gave.
 struct Traced {
