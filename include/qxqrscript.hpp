@@ -6,7 +6,7 @@
 #include <qxqrscript/QuorelRules.hpp>
 #include <qxqrscript/Rules.hpp>
 #include <qxqrscript/host.hpp>
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 #include <qxqrscript/version.hpp>
 
 #endif

@@ -7,7 +7,7 @@
 // on such a stack.
 #include <qxqrscript/Parser.hpp>
 #include <qxqrscript/Rules.hpp>
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 
 #include "SmallStack.hpp"
 #include "TempTree.hpp"
@@ -192,38 +192,38 @@ TEST(SmallStack, LongestChainPrecomputed) {
     expectWorks(longestChain(), Precompute::yes);
 }
 
-// What the inspection interface made of the exclude rules: how many nodes
+// What the observation interface made of the exclude rules: how many nodes
 // the first rule's condition has, and whether the traced query excluded.
-struct Inspected {
+struct Observed {
     std::size_t nodes = 0;
     bool traceExcluded = false;
 };
 
-Inspected inspectOnSmallStack(const std::string& script) {
-    Inspected inspected;
+Observed observeOnSmallStack(const std::string& script) {
+    Observed observed;
     SmallStack::run([&] {
         Parser parser;
         std::unique_ptr<Rules> rules(parser.parse(script.c_str()));
         if (!rules)
             return;
-        using namespace QuorelScript::Inspect;
-        inspected.nodes = rulesOf(*rules, RuleKind::Exclude).front().condition.nodes.size();
-        inspected.traceExcluded = traceQuery(*rules, Question::Excluded, file, nullptr).answer;
+        using namespace QuorelScript::Observe;
+        observed.nodes = rulesOf(*rules, RuleKind::Exclude).front().condition.nodes.size();
+        observed.traceExcluded = traceQuery(*rules, Question::Excluded, file, nullptr).answer;
     });
-    return inspected;
+    return observed;
 }
 
 // The view of a rule and its traced query walk a condition with work lists
 // of their own: a chain far longer than the stack could take in nested
 // calls is shown and traced on a worker thread's stack.
-TEST(SmallStack, LongChainInspectedAndTraced) {
+TEST(SmallStack, LongChainObservedAndTraced) {
     const int pairs = 50000;
     const std::string script = "exclude if $name == y" + repeated(" or false and true", pairs) + " or $name == x\n";
-    const Inspected inspected = inspectOnSmallStack(script);
+    const Observed observed = observeOnSmallStack(script);
     // Per pair an or, an and and its two literals; one more or, and two
     // equals with two paths each.
-    EXPECT_EQ(inspected.nodes, 4u * pairs + 7u);
-    EXPECT_TRUE(inspected.traceExcluded);
+    EXPECT_EQ(observed.nodes, 4u * pairs + 7u);
+    EXPECT_TRUE(observed.traceExcluded);
 }
 
 // A million lines that continue one rule.

@@ -4,7 +4,7 @@ namespace qxqr {
 
 namespace {
 
-using QuorelScript::Inspect::NodeKind;
+using QuorelScript::Observe::NodeKind;
 
 bool isConjunction(NodeKind kind)
 {
@@ -23,9 +23,9 @@ bool sameJunction(NodeKind a, NodeKind b)
 
 } // namespace
 
-std::vector<std::size_t> shownOperands(const QuorelScript::Inspect::Condition& condition, std::size_t index)
+std::vector<std::size_t> shownOperands(const QuorelScript::Observe::Condition& condition, std::size_t index)
 {
-    const std::vector<QuorelScript::Inspect::Node>& nodes = condition.nodes;
+    const std::vector<QuorelScript::Observe::Node>& nodes = condition.nodes;
     const NodeKind kind = nodes[index].kind;
     std::vector<std::size_t> shown;
     // A work list in reverse, so that the operands come out in order.
@@ -41,7 +41,7 @@ std::vector<std::size_t> shownOperands(const QuorelScript::Inspect::Condition& c
     return shown;
 }
 
-std::string nodeName(const QuorelScript::Inspect::Node& node)
+std::string nodeName(const QuorelScript::Observe::Node& node)
 {
     switch (node.kind) {
     case NodeKind::And:

@@ -1,7 +1,7 @@
 #ifndef QXQR_CONDITIONDISPLAY_HPP
 #define QXQR_CONDITIONDISPLAY_HPP
 
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 
 #include <cstddef>
 #include <string>
@@ -16,12 +16,12 @@ namespace qxqr {
 // "a or b or c", which the library holds as or(a, or(b, c)), shows as one
 // or over a, b and c, however long the chain; its value is the same. A
 // node of another kind shows its operands as they are.
-std::vector<std::size_t> shownOperands(const QuorelScript::Inspect::Condition& condition, std::size_t index);
+std::vector<std::size_t> shownOperands(const QuorelScript::Observe::Condition& condition, std::size_t index);
 
 // "and", "or", "not", "equals", "in", "exists", "true", "false", "path", or
 // the printed form of a node of a kind the library did not name. The n-ary
 // and and or that precompute makes are "and" and "or".
-std::string nodeName(const QuorelScript::Inspect::Node& node);
+std::string nodeName(const QuorelScript::Observe::Node& node);
 
 } // namespace qxqr
 

@@ -1,7 +1,7 @@
 #ifndef QXQR_FILETRACES_HPP
 #define QXQR_FILETRACES_HPP
 
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 
 #include <string>
 
@@ -10,9 +10,9 @@ namespace qxqr {
 // The three questions about one file, each asked with a trace.
 struct FileTraces {
     std::string file;
-    QuorelScript::Inspect::QueryTrace excluded;
-    QuorelScript::Inspect::QueryTrace pruned;
-    QuorelScript::Inspect::QueryTrace includes;
+    QuorelScript::Observe::QueryTrace excluded;
+    QuorelScript::Observe::QueryTrace pruned;
+    QuorelScript::Observe::QueryTrace includes;
 };
 
 } // namespace qxqr

@@ -8,11 +8,11 @@ namespace qxqr {
 
 namespace {
 
-using QuorelScript::Inspect::Condition;
-using QuorelScript::Inspect::Node;
-using QuorelScript::Inspect::NodeKind;
-using QuorelScript::Inspect::Rule;
-using QuorelScript::Inspect::RuleKind;
+using QuorelScript::Observe::Condition;
+using QuorelScript::Observe::Node;
+using QuorelScript::Observe::NodeKind;
+using QuorelScript::Observe::Rule;
+using QuorelScript::Observe::RuleKind;
 
 // The variables every query binds.
 const std::vector<std::string> builtInVariables = {"vantor", "toolbox", "file", "caller", "cwd", "dir",

@@ -1,7 +1,7 @@
 #ifndef QXQR_LINTCHECKS_HPP
 #define QXQR_LINTCHECKS_HPP
 
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 
 #include <set>
 #include <string>
@@ -11,7 +11,7 @@ namespace qxqr {
 
 // One thing a script says that is probably not what its author meant.
 struct LintWarning {
-    const QuorelScript::Inspect::Rule* rule;  // the rule it is about
+    const QuorelScript::Observe::Rule* rule;  // the rule it is about
     std::string check;                         // the check's name, as --disable takes it
     std::string message;
 };
@@ -27,7 +27,7 @@ const std::vector<std::string>& lintCheckNames();
 
 // Every warning about `rules` (as rulesOf gives them), rule by rule, each
 // rule's warnings in the order of lintCheckNames.
-std::vector<LintWarning> lintRules(const std::vector<QuorelScript::Inspect::Rule>& rules,
+std::vector<LintWarning> lintRules(const std::vector<QuorelScript::Observe::Rule>& rules,
                                    const LintSettings& settings);
 
 } // namespace qxqr

@@ -5,11 +5,12 @@
 #include "LintDirectives.hpp"
 #include "ScriptLoader.hpp"
 
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <map>
 
 namespace qxqr {
 
@@ -28,18 +29,29 @@ std::string checkName(const std::string& name)
 
 // The line on which the rule begins: its recorded line is where its
 // condition ends, after any continuation lines of its text.
-long firstLineOf(const QuorelScript::Inspect::Rule& rule)
+long firstLineOf(const QuorelScript::Observe::Rule& rule)
 {
     return rule.line - static_cast<long>(std::count(rule.text.begin(), rule.text.end(), '\n'));
 }
 
-bool isSilenced(const LintWarning& warning, const std::vector<std::string>& disabled, const ScriptTexts& texts)
+// Each script's directives, by the name the library knows it by.
+typedef std::map<std::string, ScriptDirectives> DirectivesByScript;
+
+DirectivesByScript directivesOf(const ScriptTexts& texts)
+{
+    DirectivesByScript directives;
+    for (const ScriptText& text : texts)
+        directives.emplace(text.name, ScriptDirectives(text.text));
+    return directives;
+}
+
+bool isSilenced(const LintWarning& warning, const std::vector<std::string>& disabled,
+                const DirectivesByScript& directives)
 {
     if (std::find(disabled.begin(), disabled.end(), warning.check) != disabled.end())
         return true;
-    const auto script = std::find_if(texts.begin(), texts.end(),
-                                     [&](const ScriptText& text) { return text.name == warning.rule->script; });
-    return script != texts.end() && checksDisabledBefore(script->text, firstLineOf(*warning.rule)).count(warning.check);
+    const auto script = directives.find(warning.rule->script);
+    return script != directives.end() && script->second.disabledBefore(firstLineOf(*warning.rule)).count(warning.check);
 }
 
 // In the order of the scripts as given, then of their lines.
@@ -95,10 +107,11 @@ Result LintCommand::run(OperandReader&)
         settings.declaredVariables.insert(splitAssignment(assignment).first);
     settings.allowedPrefixes.insert(allowed.begin(), allowed.end());
 
-    const std::vector<QuorelScript::Inspect::Rule> views = QuorelScript::Inspect::rulesOf(*rules);
+    const std::vector<QuorelScript::Observe::Rule> views = QuorelScript::Observe::rulesOf(*rules);
     std::vector<LintWarning> warnings = lintRules(views, settings);
+    const DirectivesByScript directives = directivesOf(texts);
     warnings.erase(std::remove_if(warnings.begin(), warnings.end(),
-                                  [&](const LintWarning& warning) { return isSilenced(warning, disabled, texts); }),
+                                  [&](const LintWarning& warning) { return isSilenced(warning, disabled, directives); }),
                    warnings.end());
     sortByPlace(warnings, texts);
 

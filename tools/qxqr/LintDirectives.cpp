@@ -4,29 +4,25 @@
 
 namespace qxqr {
 
-namespace {
-
-// Line `number` of `text` (from 1), without its line end; empty when the
-// text has fewer lines.
-std::string lineOf(const std::string& text, long number)
+ScriptDirectives::ScriptDirectives(const std::string& text) : text_(&text), lineStarts_{0}
 {
-    std::string::size_type start = 0;
-    for (long line = 1; line < number; ++line) {
-        start = text.find('\n', start);
-        if (start == std::string::npos)
-            return std::string();
-        ++start;
-    }
-    const std::string::size_type end = text.find('\n', start);
-    std::string line = text.substr(start, end == std::string::npos ? std::string::npos : end - start);
+    for (std::string::size_type end = text.find('\n'); end != std::string::npos; end = text.find('\n', end + 1))
+        lineStarts_.push_back(end + 1);
+}
+
+std::string ScriptDirectives::lineOf(long number) const
+{
+    if (number < 1 || static_cast<std::size_t>(number) > lineStarts_.size())
+        return std::string();
+    const std::string::size_type start = lineStarts_[static_cast<std::size_t>(number - 1)];
+    const std::string::size_type end = text_->find('\n', start);
+    std::string line = text_->substr(start, end == std::string::npos ? std::string::npos : end - start);
     if (!line.empty() && line.back() == '\r')
         line.pop_back();
     return line;
 }
 
-} // namespace
-
-std::set<std::string> checksDisabledBefore(const std::string& text, long firstLine)
+std::set<std::string> ScriptDirectives::disabledBefore(long firstLine) const
 {
     static const std::regex directive(R"(^[ \t]*%[ \t]*qxqr-lint:[ \t]*disable=([a-z-]+(,[a-z-]+)*)[ \t]*$)");
     std::set<std::string> disabled;
@@ -34,7 +30,7 @@ std::set<std::string> checksDisabledBefore(const std::string& text, long firstLi
     // The matcher takes stack for every character it repeats over, and no
     // directive is that long.
     const std::string::size_type longestDirective = 4096;
-    const std::string line = firstLine > 1 ? lineOf(text, firstLine - 1) : std::string();
+    const std::string line = lineOf(firstLine - 1);
     if (line.size() > longestDirective || !std::regex_match(line, match, directive))
         return disabled;
     const std::string names = match[1].str();

@@ -3,16 +3,32 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 namespace qxqr {
 
 // The checks that a script turns off for one rule, with a comment line
 // right before the rule's first line:
 //     % qxqr-lint: disable=prefix-surprise,fixed-exists
-// `text` is the script's text and `firstLine` the rule's first line,
-// counted from 1. A comment is what the language ignores anyway, so the
-// directive changes nothing for the library.
-std::set<std::string> checksDisabledBefore(const std::string& text, long firstLine);
+// A comment is what the language ignores anyway, so the directive changes
+// nothing for the library. The text's line starts are found once, so that
+// asking for every warning of a long script reads it only once.
+class ScriptDirectives {
+public:
+    // `text` is the script's text, which must outlive this object.
+    explicit ScriptDirectives(const std::string& text);
+
+    // The checks turned off for the rule whose first line is `firstLine`,
+    // counted from 1.
+    std::set<std::string> disabledBefore(long firstLine) const;
+
+private:
+    // Line `number` (from 1) without its line end; empty past the end.
+    std::string lineOf(long number) const;
+
+    const std::string* text_;
+    std::vector<std::string::size_type> lineStarts_;
+};
 
 } // namespace qxqr
 

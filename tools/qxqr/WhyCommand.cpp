@@ -17,8 +17,8 @@ namespace {
 
 FileTraces traced(QuorelScript::Rules& rules, const std::string& file, const char* caller)
 {
-    using QuorelScript::Inspect::Question;
-    using QuorelScript::Inspect::traceQuery;
+    using QuorelScript::Observe::Question;
+    using QuorelScript::Observe::traceQuery;
     return {file, traceQuery(rules, Question::Excluded, file.c_str(), caller),
             traceQuery(rules, Question::Pruned, file.c_str(), caller),
             traceQuery(rules, Question::Includes, file.c_str(), caller)};

@@ -9,14 +9,14 @@ namespace qxqr {
 
 namespace {
 
-using QuorelScript::Inspect::Condition;
-using QuorelScript::Inspect::Expansion;
-using QuorelScript::Inspect::Node;
-using QuorelScript::Inspect::NodeKind;
-using QuorelScript::Inspect::NodeValue;
-using QuorelScript::Inspect::QueryTrace;
-using QuorelScript::Inspect::RuleTrace;
-using QuorelScript::Inspect::none;
+using QuorelScript::Observe::Condition;
+using QuorelScript::Observe::Expansion;
+using QuorelScript::Observe::Node;
+using QuorelScript::Observe::NodeKind;
+using QuorelScript::Observe::NodeValue;
+using QuorelScript::Observe::QueryTrace;
+using QuorelScript::Observe::RuleTrace;
+using QuorelScript::Observe::none;
 
 nlohmann::json nullOr(bool present, nlohmann::json value)
 {
@@ -84,7 +84,7 @@ nlohmann::json ruleJson(const RuleTrace& rule, bool decides)
                            {"fired", rule.fired},
                            {"decides", decides},
                            {"condition", conditionJson(rule.rule.condition, rule.values)}};
-    if (rule.rule.kind != QuorelScript::Inspect::RuleKind::Include)
+    if (rule.rule.kind != QuorelScript::Observe::RuleKind::Include)
         return item;
     nlohmann::json paths = nlohmann::json::array();
     for (std::size_t i = 0; i < rule.included.size(); ++i) {

@@ -11,16 +11,16 @@ namespace qxqr {
 
 namespace {
 
-using QuorelScript::Inspect::Condition;
-using QuorelScript::Inspect::Expansion;
-using QuorelScript::Inspect::Node;
-using QuorelScript::Inspect::NodeKind;
-using QuorelScript::Inspect::NodeValue;
-using QuorelScript::Inspect::QueryTrace;
-using QuorelScript::Inspect::RuleTrace;
+using QuorelScript::Observe::Condition;
+using QuorelScript::Observe::Expansion;
+using QuorelScript::Observe::Node;
+using QuorelScript::Observe::NodeKind;
+using QuorelScript::Observe::NodeValue;
+using QuorelScript::Observe::QueryTrace;
+using QuorelScript::Observe::RuleTrace;
 
 // The rule's place and its text on one line: continuation lines joined.
-std::string heading(const QuorelScript::Inspect::Rule& rule)
+std::string heading(const QuorelScript::Observe::Rule& rule)
 {
     if (rule.script.empty() && rule.line == 0)
         return rule.recordedText;

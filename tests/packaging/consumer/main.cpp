@@ -13,7 +13,7 @@ int main() {
         return 1;
     if (!rules->isExcluded("/src/main.o", nullptr, nullptr) || rules->isExcluded("/src/main.c", nullptr, nullptr))
         return 1;
-    using namespace QuorelScript::Inspect;
+    using namespace QuorelScript::Observe;
     if (traceQuery(*rules, Question::Excluded, "/src/main.o", nullptr).decidingRule != 0)
         return 1;
     std::cout << "installed package works" << std::endl;

@@ -1,10 +1,10 @@
-#ifndef QXQRSCRIPT_INSPECT_CONDITIONVIEW_HPP
-#define QXQRSCRIPT_INSPECT_CONDITIONVIEW_HPP
+#ifndef QXQRSCRIPT_OBSERVE_CONDITIONVIEW_HPP
+#define QXQRSCRIPT_OBSERVE_CONDITIONVIEW_HPP
 
 #include "expr/Expression.hpp"
 #include "expr/Path.hpp"
 
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 
 #include <vector>
 
@@ -20,14 +20,14 @@ struct NodeSource {
 // a work list rather than by recursion, so that a condition of any length
 // (a chain of a million "or") costs no more stack than a short one. With
 // `sources`, it receives the expression of each node, by the node's index.
-Inspect::Condition conditionView(const Expression<bool>& condition, std::vector<NodeSource>* sources = nullptr);
+Observe::Condition conditionView(const Expression<bool>& condition, std::vector<NodeSource>* sources = nullptr);
 
 // A path expression as a Path node: its text and the variables it names;
 // an expression of another class is an Other node with its printed form.
-Inspect::Node pathView(const Expression<Path>& path);
+Observe::Node pathView(const Expression<Path>& path);
 
 // The kind of node that `condition` is (Other for a class this view does not know).
-Inspect::NodeKind nodeKindOf(const Expression<bool>& condition);
+Observe::NodeKind nodeKindOf(const Expression<bool>& condition);
 
 } // namespace QuorelScript
 

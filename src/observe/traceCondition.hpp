@@ -1,10 +1,10 @@
-#ifndef QXQRSCRIPT_INSPECT_TRACECONDITION_HPP
-#define QXQRSCRIPT_INSPECT_TRACECONDITION_HPP
+#ifndef QXQRSCRIPT_OBSERVE_TRACECONDITION_HPP
+#define QXQRSCRIPT_OBSERVE_TRACECONDITION_HPP
 
 #include "expr/Bindings.hpp"
-#include "inspect/ConditionView.hpp"
+#include "observe/ConditionView.hpp"
 
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 
 #include <vector>
 
@@ -18,8 +18,8 @@ namespace QuorelScript {
 // an `exists` asking the host about its path; a node of a kind the view does
 // not know is left to its own evaluate. `values` receives one value per
 // node. Uses a work list rather than recursion, as the view is built.
-bool traceCondition(const Inspect::Condition& view, const std::vector<NodeSource>& sources, const Bindings& bindings,
-                    std::vector<Inspect::NodeValue>& values);
+bool traceCondition(const Observe::Condition& view, const std::vector<NodeSource>& sources, const Bindings& bindings,
+                    std::vector<Observe::NodeValue>& values);
 
 } // namespace QuorelScript
 

@@ -1,4 +1,4 @@
-#include "inspect/ConditionView.hpp"
+#include "observe/ConditionView.hpp"
 
 #include "RulesTesting.hpp"
 
@@ -10,9 +10,9 @@
 namespace {
 
 using namespace testing_rules;
-using QuorelScript::Inspect::Condition;
-using QuorelScript::Inspect::Node;
-using QuorelScript::Inspect::NodeKind;
+using QuorelScript::Observe::Condition;
+using QuorelScript::Observe::Node;
+using QuorelScript::Observe::NodeKind;
 
 Condition viewOf(Expression<bool>* built) {
     const std::unique_ptr<Expression<bool>> condition(built);

@@ -1,4 +1,4 @@
-#include "inspect/traceCondition.hpp"
+#include "observe/traceCondition.hpp"
 
 #include "expr/InExpression.hpp"
 #include "expr/Path.hpp"
@@ -11,9 +11,9 @@ namespace QuorelScript {
 
 namespace {
 
-using Inspect::Node;
-using Inspect::NodeKind;
-using Inspect::NodeValue;
+using Observe::Node;
+using Observe::NodeKind;
+using Observe::NodeValue;
 
 // Evaluates the path node at `index` and records its text.
 const std::string& tracePath(std::size_t index, const std::vector<NodeSource>& sources, const Bindings& bindings,
@@ -26,7 +26,7 @@ const std::string& tracePath(std::size_t index, const std::vector<NodeSource>& s
 
 // A node whose operands are paths (or none): its value, recorded with
 // theirs.
-bool traceLeaf(const Inspect::Condition& view, std::size_t index, const std::vector<NodeSource>& sources,
+bool traceLeaf(const Observe::Condition& view, std::size_t index, const std::vector<NodeSource>& sources,
                const Bindings& bindings, std::vector<NodeValue>& values) {
     const Node& node = view.nodes[index];
     switch (node.kind) {
@@ -82,7 +82,7 @@ std::optional<bool> settledJunction(const Node& node, std::size_t next, const st
 
 } // namespace
 
-bool traceCondition(const Inspect::Condition& view, const std::vector<NodeSource>& sources, const Bindings& bindings,
+bool traceCondition(const Observe::Condition& view, const std::vector<NodeSource>& sources, const Bindings& bindings,
                     std::vector<NodeValue>& values) {
     values.assign(view.nodes.size(), NodeValue());
     struct Frame {

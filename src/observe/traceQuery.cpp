@@ -1,14 +1,14 @@
 #include "expr/Bindings.hpp"
-#include "inspect/RuleView.hpp"
-#include "inspect/traceCondition.hpp"
+#include "observe/RuleView.hpp"
+#include "observe/traceCondition.hpp"
 #include "rules/ParsedRules.hpp"
 #include "rules/expandIncludeRule.hpp"
 
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 
 namespace QuorelScript {
 
-namespace Inspect {
+namespace Observe {
 
 namespace {
 
@@ -135,6 +135,6 @@ QueryTrace traceQuery(Rules& rules, Question question, const char* file, const c
     return trace;
 }
 
-} // namespace Inspect
+} // namespace Observe
 
 } // namespace QuorelScript

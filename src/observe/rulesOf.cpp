@@ -1,11 +1,11 @@
-#include "inspect/RuleView.hpp"
+#include "observe/RuleView.hpp"
 #include "rules/ParsedRules.hpp"
 
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 
 namespace QuorelScript {
 
-namespace Inspect {
+namespace Observe {
 
 namespace {
 
@@ -45,6 +45,6 @@ std::vector<Rule> rulesOf(const Rules& rules, RuleKind kind) {
     return views;
 }
 
-} // namespace Inspect
+} // namespace Observe
 
 } // namespace QuorelScript

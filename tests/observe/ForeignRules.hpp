@@ -1,5 +1,5 @@
-#ifndef QXQRSCRIPT_TESTS_INSPECT_FOREIGNRULES_HPP
-#define QXQRSCRIPT_TESTS_INSPECT_FOREIGNRULES_HPP
+#ifndef QXQRSCRIPT_TESTS_OBSERVE_FOREIGNRULES_HPP
+#define QXQRSCRIPT_TESTS_OBSERVE_FOREIGNRULES_HPP
 
 #include <qxqrscript/Rules.hpp>
 
@@ -7,7 +7,7 @@
 #include <string>
 
 // A rule set of a host's own making, which excludes and prunes every file:
-// the inspection interface has nothing of it to show.
+// the observation interface has nothing of it to show.
 class ForeignRules : public QuorelScript::Rules {
 public:
     bool isExcluded(const char*, const char*, const char*) override { return true; }

@@ -7,7 +7,7 @@
 
 #include <qxqrscript/Parser.hpp>
 #include <qxqrscript/Rules.hpp>
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 
 #include <gtest/gtest.h>
 
@@ -17,9 +17,9 @@
 
 namespace {
 
-using QuorelScript::Inspect::Question;
-using QuorelScript::Inspect::QueryTrace;
-using QuorelScript::Inspect::traceQuery;
+using QuorelScript::Observe::Question;
+using QuorelScript::Observe::QueryTrace;
+using QuorelScript::Observe::traceQuery;
 
 const char* const scripts[] = {
     "exclude if $dir/$name.o exists and $ext == .c\n"

@@ -1,4 +1,4 @@
-#include "inspect/ConditionView.hpp"
+#include "observe/ConditionView.hpp"
 
 #include "expr/AndExpression.hpp"
 #include "expr/BooleanLiteral.hpp"
@@ -21,8 +21,8 @@ namespace QuorelScript {
 
 namespace {
 
-using Inspect::Node;
-using Inspect::NodeKind;
+using Observe::Node;
+using Observe::NodeKind;
 
 std::string printed(const Expression<bool>& condition) {
     std::ostringstream out;
@@ -87,7 +87,7 @@ std::vector<const Expression<Path>*> pathOperands(const Expression<bool>& condit
     }
 }
 
-void appendOperand(Inspect::Condition& view, std::size_t parent, Node node) {
+void appendOperand(Observe::Condition& view, std::size_t parent, Node node) {
     view.nodes[parent].operands.push_back(view.nodes.size());
     view.nodes.push_back(std::move(node));
 }
@@ -134,9 +134,9 @@ Node pathView(const Expression<Path>& path) {
 // becomes the next operand of the node that put it there; the work list is
 // a stack that holds the operands in reverse, so that every subtree is
 // complete before its next sibling begins, and the nodes come in preorder.
-Inspect::Condition conditionView(const Expression<bool>& condition, std::vector<NodeSource>* sources) {
+Observe::Condition conditionView(const Expression<bool>& condition, std::vector<NodeSource>* sources) {
     static const std::size_t noParent = static_cast<std::size_t>(-1);
-    Inspect::Condition view;
+    Observe::Condition view;
     std::vector<NodeSource> unused;
     std::vector<NodeSource>& sourceOf = sources ? *sources : unused;
     sourceOf.clear();

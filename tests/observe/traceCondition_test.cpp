@@ -1,4 +1,4 @@
-#include "inspect/traceCondition.hpp"
+#include "observe/traceCondition.hpp"
 
 #include "RulesTesting.hpp"
 #include "TempTree.hpp"
@@ -7,14 +7,15 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace {
 
 using namespace testing_rules;
 using QuorelScript::NodeSource;
-using QuorelScript::Inspect::Condition;
-using QuorelScript::Inspect::NodeValue;
-using QuorelScript::Inspect::none;
+using QuorelScript::Observe::Condition;
+using QuorelScript::Observe::NodeValue;
+using QuorelScript::Observe::none;
 
 // A condition, its view and what tracing it gave.
 struct Traced {
@@ -85,13 +86,33 @@ TEST(traceCondition, ExistsRecordsThePathAskedAndTheAnswer) {
     EXPECT_FALSE(traced.values[3].value);
 }
 
+// A path of a fixed text that logs each evaluation, so that the order in
+// which a comparison asks its two sides shows.
+class LoggedPath : public TrackedPath {
+public:
+    LoggedPath(Tracker& tracker, const std::string& text) : TrackedPath(tracker, text), tracker_(tracker), text_(text) {}
+
+    Path evaluate(const Bindings& bindings) const override {
+        tracker_.log.push_back("evaluate " + text_);
+        return TrackedPath::evaluate(bindings);
+    }
+
+private:
+    Tracker& tracker_;
+    std::string text_;
+};
+
 TEST(traceCondition, EqualsEvaluatesItsRightPathFirst) {
     Tracker tracker;
-    const Traced traced(new EqualsExpression<Path>(new TrackedPath(tracker, "a"), new TrackedPath(tracker, "a")),
+    const Traced traced(new EqualsExpression<Path>(new LoggedPath(tracker, "left"), new LoggedPath(tracker, "right")),
                         fileBindings);
-    EXPECT_TRUE(traced.value);
+    EXPECT_FALSE(traced.value);
     EXPECT_TRUE(traced.values[1].evaluated);
     EXPECT_TRUE(traced.values[2].evaluated);
+    // The trace, then the plain evaluation it is compared with: each asks
+    // the right side first.
+    EXPECT_EQ(tracker.log, (std::vector<std::string>{"evaluate right", "evaluate left", "evaluate right",
+                                                      "evaluate left"}));
 }
 
 TEST(traceCondition, ANodeOfAnotherKindEvaluatesItself) {

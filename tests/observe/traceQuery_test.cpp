@@ -3,7 +3,7 @@
 #include "TempTree.hpp"
 
 #include <qxqrscript/Parser.hpp>
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 
 #include <gtest/gtest.h>
 
@@ -14,11 +14,11 @@
 namespace {
 
 using namespace testing_rules;
-using QuorelScript::Inspect::Expansion;
-using QuorelScript::Inspect::none;
-using QuorelScript::Inspect::Question;
-using QuorelScript::Inspect::QueryTrace;
-using QuorelScript::Inspect::traceQuery;
+using QuorelScript::Observe::Expansion;
+using QuorelScript::Observe::none;
+using QuorelScript::Observe::Question;
+using QuorelScript::Observe::QueryTrace;
+using QuorelScript::Observe::traceQuery;
 
 std::unique_ptr<Rules> parsed(const std::string& text) {
     QuorelScript::Parser parser;

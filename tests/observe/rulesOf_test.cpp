@@ -4,7 +4,7 @@
 #include "RulesTesting.hpp"
 
 #include <qxqrscript/Parser.hpp>
-#include <qxqrscript/inspect.hpp>
+#include <qxqrscript/observe.hpp>
 
 #include <gtest/gtest.h>
 
@@ -14,10 +14,10 @@
 namespace {
 
 using namespace testing_rules;
-using QuorelScript::Inspect::NodeKind;
-using QuorelScript::Inspect::RuleKind;
-using QuorelScript::Inspect::rulesOf;
-namespace Inspect = QuorelScript::Inspect;
+using QuorelScript::Observe::NodeKind;
+using QuorelScript::Observe::RuleKind;
+using QuorelScript::Observe::rulesOf;
+namespace Observe = QuorelScript::Observe;
 
 std::unique_ptr<Rules> parsed(const char* text) {
     QuorelScript::Parser parser;
@@ -33,7 +33,7 @@ TEST(rulesOf, GivesEachKindInOrderWithItsRecordedText) {
                                                 "prune if a exists\n"
                                                 "exclude if $ext == .o\n"
                                                 "exclude unless b exists\n");
-    const std::vector<Inspect::Rule> views = rulesOf(*rules);
+    const std::vector<Observe::Rule> views = rulesOf(*rules);
     ASSERT_EQ(views.size(), 4u);
     EXPECT_EQ(views[0].kind, RuleKind::Exclude);
     EXPECT_EQ(views[0].position, 0u);
@@ -57,7 +57,7 @@ TEST(rulesOf, GivesEachKindInOrderWithItsRecordedText) {
 
 TEST(rulesOf, GivesOneKindAlone) {
     const std::unique_ptr<Rules> rules = parsed("exclude if a exists\nprune if b exists\nprune if c exists\n");
-    const std::vector<Inspect::Rule> prunes = rulesOf(*rules, RuleKind::Prune);
+    const std::vector<Observe::Rule> prunes = rulesOf(*rules, RuleKind::Prune);
     ASSERT_EQ(prunes.size(), 2u);
     EXPECT_EQ(prunes[1].position, 1u);
     EXPECT_EQ(prunes[1].line, 3);
@@ -69,10 +69,10 @@ TEST(rulesOf, ShowsTheRulesAsPrecomputeLeftThem) {
         parsed("exclude if $file in [$toolbox/]\nexclude if $ext == .o and $name == x\n");
     rules->setVantorRoot("/opt/v");
     rules->precompute();
-    const std::vector<Inspect::Rule> views = rulesOf(*rules);
+    const std::vector<Observe::Rule> views = rulesOf(*rules);
     ASSERT_EQ(views.size(), 1u);
     EXPECT_EQ(views[0].line, 1) << "the merged rule keeps the first rule's text";
-    const Inspect::Condition& condition = views[0].condition;
+    const Observe::Condition& condition = views[0].condition;
     EXPECT_EQ(condition.nodes[0].kind, NodeKind::AnyOf);
     EXPECT_EQ(condition.nodes[condition.nodes[0].operands[1]].kind, NodeKind::AllOf);
     EXPECT_EQ(condition.nodes[3].text, "/opt/v/toolbox/");
@@ -82,7 +82,7 @@ TEST(rulesOf, ShowsTheRulesAsPrecomputeLeftThem) {
 TEST(rulesOf, ShowsHandBuiltRulesWithoutARecordedHeading) {
     ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>("by hand", exists("a"))}, nullptr,
                       new IncludeRuleList{includeRule({"p"}, truth(true))});
-    const std::vector<Inspect::Rule> views = rulesOf(rules);
+    const std::vector<Observe::Rule> views = rulesOf(rules);
     ASSERT_EQ(views.size(), 2u);
     EXPECT_EQ(views[0].script, "");
     EXPECT_EQ(views[0].line, 0);

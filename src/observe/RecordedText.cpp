@@ -1,4 +1,4 @@
-#include "inspect/RecordedText.hpp"
+#include "observe/RecordedText.hpp"
 
 #include <cctype>
 

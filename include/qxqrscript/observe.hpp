@@ -1,5 +1,5 @@
-#ifndef QXQRSCRIPT_INSPECT_HPP
-#define QXQRSCRIPT_INSPECT_HPP
+#ifndef QXQRSCRIPT_OBSERVE_HPP
+#define QXQRSCRIPT_OBSERVE_HPP
 
 // A read-only view of a rule set, for tools that explain and check scripts:
 // every rule with its recorded text and its condition as a tree of plain
@@ -15,7 +15,7 @@ namespace QuorelScript {
 
 class Rules;
 
-namespace Inspect {
+namespace Observe {
 
 // What a node of a condition is. AllOf and AnyOf are the n-ary and and or
 // that precompute makes; a script's own "a and b" is And, "a or b" Or.
@@ -153,7 +153,7 @@ struct QueryTrace {
 // gives an empty trace.
 QXQRSCRIPT_API QueryTrace traceQuery(Rules& rules, Question question, const char* file, const char* caller);
 
-} // namespace Inspect
+} // namespace Observe
 
 } // namespace QuorelScript
 
