@@ -4,7 +4,6 @@
 #include "Arguments.hpp"
 #include "CheckCommand.hpp"
 #include "Command.hpp"
-#include "DepsCommand.hpp"
 #include "LintCommand.hpp"
 #include "OperandReader.hpp"
 #include "QueryCommand.hpp"
@@ -12,6 +11,9 @@
 #include "TraceCommand.hpp"
 #include "WalkCommand.hpp"
 #include "WhyCommand.hpp"
+#ifdef QXQR_WITH_DEPS
+#include "DepsCommand.hpp"
+#endif
 
 #include <qxqrscript/version.hpp>
 
@@ -122,7 +124,11 @@ int main(int argc, char** argv)
     TraceCommand trace(qxqr);
     WhyCommand why(qxqr);
     LintCommand lint(qxqr);
+    std::vector<Command*> commands{&check, &query, &walk, &trace, &why, &lint};
+#ifdef QXQR_WITH_DEPS
     DepsCommand deps(qxqr);
+    commands.push_back(&deps);
+#endif
 
     try {
         qxqr.parse(static_cast<int>(arguments.parsed.size()), arguments.parsed.data());
@@ -133,7 +139,7 @@ int main(int argc, char** argv)
     }
 
     try {
-        return write(runCommand(selectedCommand({&check, &query, &walk, &trace, &why, &lint, &deps}), arguments));
+        return write(runCommand(selectedCommand(commands), arguments));
     } catch (const UsageError& error) {
         return write({"", usageMessage(qxqr, error.what()), usageStatus});
     } catch (const Failure& failure) {
