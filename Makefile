@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Every check that CI runs is one target here.
 #   make               install what is missing, build into build/
 #   make test          ... and run every test

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // `qxqr deps` over every dynamically linked program of /usr/bin beside the
 // system's loader listing the same programs (ldd), both run as programs,
 // their output written to files, each timed by the processor time it used

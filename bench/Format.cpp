@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Format.hpp"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A query about a file whose name is nothing but slashes: its normal form
 // is "/", and reaching it must not cost more than a pass over the name.
 #include "Benchmarks.hpp"

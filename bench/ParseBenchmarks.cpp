@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Parsing each workload's script, in bytes per second, beside a yardstick
 // that only reads every byte of the same text once (summing them): the
 // floor any parser of that text stands on. Also the long script of

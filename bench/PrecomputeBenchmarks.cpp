@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // precompute on each workload's rule set, and on the long script of
 // disjunctions, whose figure stands beside the parse of the same text.
 #include "Benchmarks.hpp"

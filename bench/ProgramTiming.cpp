@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProgramTiming.hpp"
 
 #include "Subprocess.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_BENCH_PROGRAMTIMING_HPP
 #define QXQR_BENCH_PROGRAMTIMING_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // isExcluded, isPruned and getIncludes over the 20,000 files of each
 // workload, on the rule set as parsed and after precompute, beside the
 // yardstick that does only the string tests the rules imply. One iteration

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Results.hpp"
 
 #include <unistd.h>

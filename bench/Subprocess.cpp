@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Subprocess.hpp"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Benchmarks.hpp"
 #include "Format.hpp"
 #include "Names.hpp"

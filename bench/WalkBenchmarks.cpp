@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // `qxqr walk` over a tree of 100,002 files beside `find` listing the same
 // tree, both run as programs, their output written to files. Each is timed
 // by the processor time it used; the wall-clock time is a counter.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WalkTree.hpp"
 
 #include <cstdio>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The benchmark suite: what a host pays for parsing, precomputing and the
 // three queries, each figure beside a yardstick measured in the same run,
 // then the targets and whether they are met. Google Benchmark's own options

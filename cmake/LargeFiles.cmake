@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # File sizes, offsets and inode numbers of 64 bits, and 64-bit times where
 # the C library has them, also where long and pointers have 32 bits. Without
 # them, stat() fails with EOVERFLOW on a file of 2 GiB or more, or one dated

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The pkg-config file names the prefix that the files are installed to, which
 # `cmake --install --prefix` can choose after configuring: it is written at
 # installation time. A relative libdir or includedir is given below

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Two builds of the same sources with the same compiler and options give the
 # same bytes, wherever the sources and the build folders are: the paths that
 # the compiler writes (debug information, __FILE__) start from ".", and

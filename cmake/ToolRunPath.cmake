@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The installed qxqr finds the shared library without LD_LIBRARY_PATH: where
 # the library does not go to a folder that the dynamic linker searches anyway,
 # the tool's run path names that folder, relative to the tool ($ORIGIN) when

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Installation, in two components:
 #   runtime      the shared library (libqxqrscript.so.1*), the qxqr tool with
 #                its manual page and shell completion, the licence and the

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Debian packages of the two install components (make deb, or cpack -G DEB
 # in a build folder): qxqrscript (the library and the tool) and
 # libqxqrscript-dev. Their dependencies on the C and C++ libraries come from

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The directory services of the fuzz targets: answers from a small file tree
 // held in memory, never from the disk.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fuzz target: the input is a file that qxqr deps reads as ELF. Every way a
 // file can be malformed (cut anywhere, offsets and sizes beyond its end,
 // string indices out of range, either class and byte order) must end in

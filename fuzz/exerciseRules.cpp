@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "exerciseRules.hpp"
 
 #include <qxqrscript/Rules.hpp>

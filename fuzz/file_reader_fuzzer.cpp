@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fuzz target: the input is the content of a script file, read through the
 // file reader, so that the bytes reach the parser the way a host's files do
 // (carriage returns, NUL bytes, no final line end, binary junk).

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Writes the seed inputs of the fuzz targets into fuzz/corpus/.
 
 The script target starts from every script the project already holds: the

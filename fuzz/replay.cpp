@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs a fuzz target's entry point once on every input of the corpus folders
 // (or files) named on the command line, in name order, so that an input that
 // once crashed the library is tried on every test run, by any compiler and

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Runs one fuzz target of a fuzzing build for a while on its committed corpus.
 #   fuzz/run.sh BUILD_DIR TARGET SECONDS
 # The committed corpus is only read: what the fuzzer finds new goes to

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fuzz target: the input is the text of a script. Whatever it holds, parsing
 // gives a rule set or a syntax error, and a rule set survives every query.
 #include "exerciseRules.hpp"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The library's binary interface and its baseline, with libabigail:
 #   scripts/abi.sh write BUILD BASELINE   records BUILD's library as BASELINE
 #   scripts/abi.sh check BUILD BASELINE   compares BUILD's library with it

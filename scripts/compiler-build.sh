@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # One build of `make test-compilers`, warnings being errors:
 #   scripts/compiler-build.sh GENERATOR JOBS NAME:COMPILER:STANDARD:WHAT[:LAYOUT]
 # configures build-compiler-NAME with COMPILER and C++STANDARD. WHAT is

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs, with apt-get, whichever of the build's Debian packages are missing.
 #   scripts/install-deps.sh         what the build and the tests need
 #   scripts/install-deps.sh fuzz    that and what the fuzzing build needs

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LibraryRules.hpp"
 
 #include <qxqrscript/Parser.hpp>

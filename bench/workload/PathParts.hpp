@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_BENCH_PATHPARTS_HPP
 #define QXQR_BENCH_PATHPARTS_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Rule.hpp"
 
 namespace qxqr::bench {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Yardstick.hpp"
 
 #include "PathParts.hpp"

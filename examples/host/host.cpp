@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A minimal host: reads a rules script, points the rule set at an
 // installation, precomputes it, and asks about each file it is given.
 //

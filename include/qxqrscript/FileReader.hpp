@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQRSCRIPT_FILEREADER_HPP
 #define QXQRSCRIPT_FILEREADER_HPP
 

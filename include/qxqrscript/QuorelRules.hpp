@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQRSCRIPT_QUORELRULES_HPP
 #define QXQRSCRIPT_QUORELRULES_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQRSCRIPT_RULES_HPP
 #define QXQRSCRIPT_RULES_HPP
 

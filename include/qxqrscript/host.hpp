@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQRSCRIPT_HOST_HPP
 #define QXQRSCRIPT_HOST_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQRSCRIPT_VERSION_HPP
 #define QXQRSCRIPT_VERSION_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/AndExpression.hpp"
 
 namespace QuorelScript {

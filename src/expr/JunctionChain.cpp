@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/JunctionChain.hpp"
 
 #include "expr/AndExpression.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/MultiOrExpression.hpp"
 
 #include <ostream>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQRSCRIPT_EXPR_PATH_HPP
 #define QXQRSCRIPT_EXPR_PATH_HPP
 

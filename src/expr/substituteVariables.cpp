@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/Bindings.hpp"
 #include "expr/Path.hpp"
 #include "expr/pathTextNormalForm.hpp"

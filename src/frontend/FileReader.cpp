@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <qxqrscript/FileReader.hpp>
 
 #include "frontend/readWholeFile.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <qxqrscript/Parser.hpp>
 
 #include "host/textOrEmpty.hpp"

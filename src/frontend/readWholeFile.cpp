@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "frontend/readWholeFile.hpp"
 
 #include <qxqrscript/FileReader.hpp>

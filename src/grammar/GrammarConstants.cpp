@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grammar/GrammarConstants.hpp"
 
 namespace QuorelScript {

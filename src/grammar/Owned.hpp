@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQRSCRIPT_GRAMMAR_OWNED_HPP
 #define QXQRSCRIPT_GRAMMAR_OWNED_HPP
 

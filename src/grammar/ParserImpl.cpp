@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grammar/ParserImpl.hpp"
 
 #include "expr/AndExpression.hpp"

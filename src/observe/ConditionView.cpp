@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "observe/ConditionView.hpp"
 
 #include "expr/AndExpression.hpp"

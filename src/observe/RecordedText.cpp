@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "observe/RecordedText.hpp"
 
 #include <cctype>

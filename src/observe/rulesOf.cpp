@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "observe/RuleView.hpp"
 #include "rules/ParsedRules.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "observe/traceCondition.hpp"
 
 #include "expr/InExpression.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/Bindings.hpp"
 #include "observe/RuleView.hpp"
 #include "observe/traceCondition.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQRSCRIPT_PELOR_REF_HPP
 #define QXQRSCRIPT_PELOR_REF_HPP
 

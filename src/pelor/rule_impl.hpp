@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQRSCRIPT_PELOR_RULE_IMPL_HPP
 #define QXQRSCRIPT_PELOR_RULE_IMPL_HPP
 

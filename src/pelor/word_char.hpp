@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQRSCRIPT_PELOR_WORD_CHAR_HPP
 #define QXQRSCRIPT_PELOR_WORD_CHAR_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/Bindings.hpp"
 
 #include "rules/filePathParts.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rules/CompiledPath.hpp"
 
 #include "expr/PathLiteral.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rules/ConfiguredVariables.hpp"
 
 #include "expr/pathTextNormalForm.hpp"

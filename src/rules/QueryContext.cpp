@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rules/QueryContext.hpp"
 
 #include "expr/pathTextNormalForm.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rules/QueryVariable.hpp"
 
 #include "rules/fixedVariables.hpp"

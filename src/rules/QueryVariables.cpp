@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rules/QueryVariables.hpp"
 
 #include "expr/pathTextNormalForm.hpp"

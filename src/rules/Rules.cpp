@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <qxqrscript/QuorelRules.hpp>
 #include <qxqrscript/Rules.hpp>
 

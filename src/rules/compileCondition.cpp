@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rules/CompiledCondition.hpp"
 
 #include "expr/AndExpression.hpp"

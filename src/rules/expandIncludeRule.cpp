@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rules/expandIncludeRule.hpp"
 
 #include "expr/Path.hpp"

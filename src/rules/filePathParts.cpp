@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rules/filePathParts.hpp"
 
 namespace QuorelScript {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rules/ParsedRules.hpp"
 
 #include "expr/MultiOrExpression.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host's view: a script in, a rule set out, queries about the files of a
 // real directory tree answered.
 #include "RecordingIncluder.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every public function that takes a pointer, given null in each pointer
 // argument: a text is then the empty text, a rule set or a buffer that is
 // missing makes the call do nothing, and no exception leaves the library.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Everything the library accepts works in a host's worker thread with a
 // 256 KB stack: conditions nested as deep as the documented limit allows,
 // and what merely repeats (a chain of a million terms, a million

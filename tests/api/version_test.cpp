@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <qxqrscript/version.hpp>
 
 #include <gtest/gtest.h>

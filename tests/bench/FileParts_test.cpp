@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileParts.hpp"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Generator.hpp"
 #include "RuleCount.hpp"
 #include "Yardstick.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PathParts.hpp"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_TESTS_BENCH_RULECOUNT_HPP
 #define QXQR_TESTS_BENCH_RULECOUNT_HPP
 

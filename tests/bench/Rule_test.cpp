@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Rule.hpp"
 
 #include <gtest/gtest.h>

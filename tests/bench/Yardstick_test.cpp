@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The yardstick against the library: for generated rule sets, as parsed and
 // after precomputation, both must give the same answers to the same files.
 #include "RecordingIncluder.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DependencyWalk.hpp"
 #include "ElfImage.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DynamicStringTokens.hpp"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ElfImage.hpp"
 
 #include <elf.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_TESTS_ELFIMAGE_HPP
 #define QXQR_TESTS_ELFIMAGE_HPP
 

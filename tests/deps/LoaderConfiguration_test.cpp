@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LoaderConfiguration.hpp"
 
 #include "TempTree.hpp"

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Builds small programs and libraries with the compiler and checks `qxqr deps` on them.
 
 Each fixture states the closure it expects: the libraries of the fixture

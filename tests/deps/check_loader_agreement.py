@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Compares `qxqr deps` with the system's loader on every program of a directory.
 
 Every dynamically linked ELF executable of the directory (/usr/bin by

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Builds the README's bundling example and compares what `qxqr deps` says with the README.
 
 The README shows, after the words "`examples/bundle.rules`", a ```console

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Small programs and libraries made with the compiler, for the tests of `qxqr deps`."""
 
 import os

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/ExistsExpression.hpp"
 
 #include "ExprTesting.hpp"

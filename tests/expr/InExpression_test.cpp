@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/InExpression.hpp"
 
 #include "ExprTesting.hpp"

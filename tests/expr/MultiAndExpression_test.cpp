@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/MultiAndExpression.hpp"
 #include "expr/MultiOrExpression.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/BooleanLiteral.hpp"
 #include "expr/OrExpression.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/PathList.hpp"
 
 #include "ExprTesting.hpp"

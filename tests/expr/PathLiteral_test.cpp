@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/PathLiteral.hpp"
 
 #include "ExprTesting.hpp"

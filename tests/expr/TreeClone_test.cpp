@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/AndExpression.hpp"
 #include "expr/BooleanLiteral.hpp"
 #include "expr/EqualsExpression.hpp"

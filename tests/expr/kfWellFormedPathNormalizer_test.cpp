@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/Path.hpp"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/pathTextNormalForm.hpp"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FrontendTesting.hpp"
 
 #include "Deadline.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "frontend/SyntaxErrorReport.hpp"
 
 #include <gtest/gtest.h>

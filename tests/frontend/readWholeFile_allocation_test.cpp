@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading a script costs one allocation for a regular file, and nothing at
 // all for one beyond the size limit, however large it claims to be.
 #include "frontend/readWholeFile.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which files a script is read from, and how: regular files and pipes, whole
 // and bytes as they are, up to the size limit; everything else refused at
 // once, never waited for.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Bad input never crashes and never leaks: every text gives either a rule set
 // or exactly one syntax-error message.
 #include "rules/ParsedRules.hpp"

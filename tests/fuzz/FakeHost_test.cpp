@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fuzz targets' host services answer from their fake tree, whatever is on
 // the disk, and they take the place of the library's own at link time.
 #include <qxqrscript/host.hpp>

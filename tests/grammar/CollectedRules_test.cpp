@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grammar/CollectedRules.hpp"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grammar/actions/AttachDebugInfo.hpp"
 #include "grammar/actions/DebugPrintObject.hpp"
 #include "grammar/actions/PushBinaryOp.hpp"

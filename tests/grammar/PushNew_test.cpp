@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grammar/actions/PushNew.hpp"
 
 #include "expr/PathLiteral.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A parse that runs out of memory at any one allocation lets the exception
 // through and frees everything exactly once. Every allocation of a parse is
 // made to fail in turn; a double delete or a leak shows in the sanitizer

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Blanks, continuation lines and comments.
 #include "GrammarTesting.hpp"
 

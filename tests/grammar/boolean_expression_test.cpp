@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // not, and, or, parentheses: precedence and associativity.
 #include "GrammarTesting.hpp"
 

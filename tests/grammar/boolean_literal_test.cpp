@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The literals true and false, and keywords at the very end of the text.
 #include "GrammarTesting.hpp"
 

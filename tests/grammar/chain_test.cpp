@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Chains of "and" and "or": each is read in a loop, and leaves behind exactly
 // what reading it right-recursively, one operand and one nested chain at a
 // time, would: the same right-leaning tree, the same nodes on the stacks

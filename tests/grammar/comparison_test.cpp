@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The path tests: in, not in, ==, !=, exists.
 #include "GrammarTesting.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The trace lines printed on standard output in debug-verbose mode.
 #include "GrammarTesting.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Line ends and the line counter.
 #include "GrammarTesting.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The push actions, driven directly on a parser's stacks.
 #include "grammar/actions/AttachDebugInfo.hpp"
 #include "grammar/actions/ExpressionListAppend.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lists of paths after "in" and "include".
 #include "GrammarTesting.hpp"
 

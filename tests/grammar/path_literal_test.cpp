@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Paths: runs of path characters, quoted paths, variables.
 #include "GrammarTesting.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text that names each rule: script, line, then the statement as written
 // from its first leading blank to the end of its condition.
 #include "GrammarTesting.hpp"

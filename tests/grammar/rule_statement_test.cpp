@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // exclude, prune and include statements.
 #include "GrammarTesting.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "GrammarTesting.hpp"
 
 #include <gtest/gtest.h>

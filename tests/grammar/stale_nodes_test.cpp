@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Operands pushed by alternatives that failed afterwards.
 #include "GrammarTesting.hpp"
 

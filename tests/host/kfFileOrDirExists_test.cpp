@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <qxqrscript/host.hpp>
 
 #include "TempTree.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files that 32 bits cannot describe: a size beyond 4 GiB, a time after
 // January 2038. Where long has 32 bits (i386), stat() and readdir() built
 // without 64-bit offsets and times fail on them with EOVERFLOW, and such a

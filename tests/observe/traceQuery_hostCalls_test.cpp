@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A traced query asks the host services exactly what the query itself asks,
 // in the same order, and comes to the same answers: for scripts that test
 // existence, list directories and match patterns, before and after

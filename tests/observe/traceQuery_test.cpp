@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ForeignRules.hpp"
 #include "RulesTesting.hpp"
 #include "TempTree.hpp"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Configures the sources afresh with SOURCE_DATE_EPOCH set and checks that
 # the library's build date is that moment's day in UTC, not today's date.
 set -euo pipefail

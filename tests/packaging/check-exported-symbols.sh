@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Compares every name that the library exports with the expected list
 # (mangled names, one a line, so that each destructor variant counts, each
 # with its version: "@@QXQRSCRIPT_1.0", and the version node itself; lines

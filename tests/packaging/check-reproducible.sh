@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Builds the library a second time, in another folder, as this build was
 # configured, and compares the two byte for byte: neither the path of a
 # build folder nor the moment of building may end up in what is built. With

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Configures a project that builds the library as a part of itself, without
 # GoogleTest, CLI11 and nlohmann-json to be found, and checks that the
 # library brings nothing but itself: no test, no tool, no installation rule.

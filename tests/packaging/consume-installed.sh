@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs the built library, then builds and runs a small program against
 # the installed copy twice, with this build's compiler and flags: through the
 # CMake package and through pkg-config. Then the installed qxqr must run

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Matching must not allocate. This executable replaces the global allocation
 // functions with counting ones (ReplacedAllocator), builds a grammar that uses every primitive,
 // every predicate, every adapter and rule references (building may allocate),

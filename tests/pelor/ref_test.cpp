@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pelor/pelor.hpp"
 #include "scan.hpp"
 

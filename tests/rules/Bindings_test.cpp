@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "expr/Bindings.hpp"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host's includer may ask the same rule set about other files, configure
 // it anew or bind a variable while getIncludes is handing it files, and may
 // reuse the text it asked about: every answer is the one of asking rule by

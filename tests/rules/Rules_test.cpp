@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RulesTesting.hpp"
 
 #include <gtest/gtest.h>

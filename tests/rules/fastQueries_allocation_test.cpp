@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Once a rule set has answered its first query, further queries allocate
 // nothing of their own: the prepared conditions and the buffers they work in
 // are kept, and only a longer text than any before would need more room.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rules/kfStringProcedureAdapter.hpp"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Merging and simplifying many rules costs time in proportion to their
 // number: sixteen times the rules may not take more than sixty-four times
 // as long (a quadratic merge would take about 256 times).

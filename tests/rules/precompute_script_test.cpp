@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TempTree.hpp"
 
 #include <qxqrscript/Parser.hpp>

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Loads qxqr's bash completion as bash-completion would and checks what it
 # offers for partly typed command lines, in a folder of known files.
 set -euo pipefail

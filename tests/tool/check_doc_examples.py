@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Runs the script examples of a markdown document through `qxqr check` (or `qxqr lint`).
 
 Marked blocks, by the info string after the opening fence:

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Checks the progress display of `qxqr walk` on a terminal.
 
 A walk is run with its standard error on a pseudo-terminal: the progress

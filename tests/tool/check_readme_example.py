@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Runs the README's examples and compares their output with the README.
 
 The README shows a script in the first ```text block after the words

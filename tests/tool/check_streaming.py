@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Checks that `qxqr query -- -` answers each name as soon as it has read it.
 
 Names are written to its standard input one at a time, and the answer to each

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Checks that a walk that would never end stops at the default depth limit.
 
 Every file of rules/endless.rules includes a file one directory further

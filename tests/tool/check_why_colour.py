@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Checks when `qxqr why` colours its text.
 
 With standard output on a terminal it colours by default; not when the

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Runs one end-to-end case of the qxqr tool and compares what it did.
 
 A case file holds, in this order:

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Reading what a program shows on a pseudo-terminal."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # bash completion for qxqr. The commands, their options and what each option
 # takes are read from the tool's own help, so that they are always those of
 # the qxqr being completed; scripts, files and folders come from the file

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # cmake -DHELP2MAN=... -DQXQR=... -DSECTIONS=... -DCOMMANDS=... -DOUTPUT=... -P WriteManual.cmake
 # Writes the manual page OUTPUT for the tool QXQR: help2man's page of
 # `qxqr --help`, the sections of the file SECTIONS, and a COMMANDS section

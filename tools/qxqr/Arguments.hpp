@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_ARGUMENTS_HPP
 #define QXQR_ARGUMENTS_HPP
 

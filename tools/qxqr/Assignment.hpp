@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_ASSIGNMENT_HPP
 #define QXQR_ASSIGNMENT_HPP
 

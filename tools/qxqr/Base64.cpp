@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Base64.hpp"
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_BASE64_HPP
 #define QXQR_BASE64_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CheckCommand.hpp"
 
 #include "PrintedRules.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_CHECKCOMMAND_HPP
 #define QXQR_CHECKCOMMAND_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Colour.hpp"
 
 #include <CLI/CLI.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_COLOUR_HPP
 #define QXQR_COLOUR_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_COMMAND_HPP
 #define QXQR_COMMAND_HPP
 

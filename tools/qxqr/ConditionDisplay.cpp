@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ConditionDisplay.hpp"
 
 namespace qxqr {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_CONDITIONDISPLAY_HPP
 #define QXQR_CONDITIONDISPLAY_HPP
 

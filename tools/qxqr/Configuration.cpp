@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Configuration.hpp"
 
 #include "Assignment.hpp"

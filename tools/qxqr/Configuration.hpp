@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_CONFIGURATION_HPP
 #define QXQR_CONFIGURATION_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DependencyOutput.hpp"
 #include "JsonName.hpp"
 #include "MatchText.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_DEPENDENCYOUTPUT_HPP
 #define QXQR_DEPENDENCYOUTPUT_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_DEPENDENCYWALK_HPP
 #define QXQR_DEPENDENCYWALK_HPP
 

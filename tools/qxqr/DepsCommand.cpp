@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DepsCommand.hpp"
 
 #include "DependencyOutput.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_DEPSCOMMAND_HPP
 #define QXQR_DEPSCOMMAND_HPP
 

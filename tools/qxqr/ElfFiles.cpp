@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ElfFiles.hpp"
 
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_ELFFILES_HPP
 #define QXQR_ELFFILES_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ElfObject.hpp"
 
 #include <fcntl.h>

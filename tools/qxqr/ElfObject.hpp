@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_ELFOBJECT_HPP
 #define QXQR_ELFOBJECT_HPP
 

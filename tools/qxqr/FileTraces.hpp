@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_FILETRACES_HPP
 #define QXQR_FILETRACES_HPP
 

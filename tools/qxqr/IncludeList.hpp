@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_INCLUDELIST_HPP
 #define QXQR_INCLUDELIST_HPP
 

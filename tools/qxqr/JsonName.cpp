@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "JsonName.hpp"
 
 #include "Base64.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_JSONNAME_HPP
 #define QXQR_JSONNAME_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LibraryCopy.hpp"
 
 #include "Command.hpp"

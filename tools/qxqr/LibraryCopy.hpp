@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_LIBRARYCOPY_HPP
 #define QXQR_LIBRARYCOPY_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LibrarySearch.hpp"
 
 #include "LoaderPlatform.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_LIBRARYSEARCH_HPP
 #define QXQR_LIBRARYSEARCH_HPP
 

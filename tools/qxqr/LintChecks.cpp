@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LintChecks.hpp"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_LINTCHECKS_HPP
 #define QXQR_LINTCHECKS_HPP
 

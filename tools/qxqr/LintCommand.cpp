@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LintCommand.hpp"
 
 #include "Assignment.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_LINTCOMMAND_HPP
 #define QXQR_LINTCOMMAND_HPP
 

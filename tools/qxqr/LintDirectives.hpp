@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_LINTDIRECTIVES_HPP
 #define QXQR_LINTDIRECTIVES_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LoaderPlatform.hpp"
 
 #include <elf.h>

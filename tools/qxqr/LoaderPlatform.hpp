@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_LOADERPLATFORM_HPP
 #define QXQR_LOADERPLATFORM_HPP
 

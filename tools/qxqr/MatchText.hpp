@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_MATCHTEXT_HPP
 #define QXQR_MATCHTEXT_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_OPERANDREADER_HPP
 #define QXQR_OPERANDREADER_HPP
 

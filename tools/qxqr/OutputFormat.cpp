@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OutputFormat.hpp"
 
 #include <CLI/CLI.hpp>

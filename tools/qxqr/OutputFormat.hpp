@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_OUTPUTFORMAT_HPP
 #define QXQR_OUTPUTFORMAT_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_PRINTEDRULES_HPP
 #define QXQR_PRINTEDRULES_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_PROGRESS_HPP
 #define QXQR_PROGRESS_HPP
 

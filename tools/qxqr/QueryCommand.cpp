@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QueryCommand.hpp"
 
 #include "IncludeList.hpp"

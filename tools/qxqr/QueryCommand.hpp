@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_QUERYCOMMAND_HPP
 #define QXQR_QUERYCOMMAND_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QuotedName.hpp"
 
 #include "Utf8.hpp"

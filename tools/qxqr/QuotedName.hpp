@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_QUOTEDNAME_HPP
 #define QXQR_QUOTEDNAME_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ScriptFile.hpp"
 
 #include "Command.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_SCRIPTFILE_HPP
 #define QXQR_SCRIPTFILE_HPP
 

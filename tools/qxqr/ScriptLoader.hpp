@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_SCRIPTLOADER_HPP
 #define QXQR_SCRIPTLOADER_HPP
 

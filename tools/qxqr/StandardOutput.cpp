@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StandardOutput.hpp"
 
 #include "Command.hpp"

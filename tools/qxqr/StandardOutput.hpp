@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_STANDARDOUTPUT_HPP
 #define QXQR_STANDARDOUTPUT_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StreamedJsonDocument.hpp"
 
 #include "OutputFormat.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SyntaxHint.hpp"
 
 #include <qxqrscript/Parser.hpp>

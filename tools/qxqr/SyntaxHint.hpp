@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_SYNTAXHINT_HPP
 #define QXQR_SYNTAXHINT_HPP
 

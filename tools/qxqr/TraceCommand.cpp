@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TraceCommand.hpp"
 
 #include "ScriptLoader.hpp"

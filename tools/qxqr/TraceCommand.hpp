@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_TRACECOMMAND_HPP
 #define QXQR_TRACECOMMAND_HPP
 

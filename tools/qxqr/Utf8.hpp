@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_UTF8_HPP
 #define QXQR_UTF8_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_VERDICT_HPP
 #define QXQR_VERDICT_HPP
 

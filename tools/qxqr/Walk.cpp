@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Walk.hpp"
 
 #include "IncludeList.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_WALK_HPP
 #define QXQR_WALK_HPP
 

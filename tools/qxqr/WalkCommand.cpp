@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WalkCommand.hpp"
 
 #include "JsonName.hpp"

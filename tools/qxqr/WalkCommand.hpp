@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_WALKCOMMAND_HPP
 #define QXQR_WALKCOMMAND_HPP
 

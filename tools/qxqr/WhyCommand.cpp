@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WhyCommand.hpp"
 
 #include "OperandReader.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_WHYCOMMAND_HPP
 #define QXQR_WHYCOMMAND_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WhyJson.hpp"
 
 #include "ConditionDisplay.hpp"

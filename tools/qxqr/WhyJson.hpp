@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_WHYJSON_HPP
 #define QXQR_WHYJSON_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WhyText.hpp"
 
 #include "ConditionDisplay.hpp"

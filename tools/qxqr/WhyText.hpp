@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_WHYTEXT_HPP
 #define QXQR_WHYTEXT_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // qxqr: checks, queries and walks rules scripts through the library's public
 // interface, as any host would.
 

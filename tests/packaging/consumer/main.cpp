@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host program built against an installed copy of the library: it parses
 // a one-rule script, asks one question, and asks it again with a trace.
 #include <qxqrscript.hpp>

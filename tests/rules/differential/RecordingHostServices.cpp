@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecordingHostServices.hpp"
 
 #include <qxqrscript/host.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The prepared queries answer exactly as the plain evaluation does: for
 // random scripts, configurations and files, the same answers, the same match
 // texts, the same files handed to the includer and the same host-service

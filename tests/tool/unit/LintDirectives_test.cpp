@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LintDirectives.hpp"
 
 #include "SmallStack.hpp"
