@@ -20,7 +20,9 @@ case "${1:-}" in
     # (/usr/src/googletest), built for i386 by `make test-i386`.
     i386) packages+=(g++-multilib googletest) ;;
     abi) packages+=(abigail-tools) ;;
-    compilers) packages+=(g++-12 clang-14) ;;
+    # clang's sanitizer runtimes come with libclang-rt-14-dev, which clang
+    # only recommends.
+    compilers) packages+=(g++-12 clang-14 libclang-rt-14-dev) ;;
 esac
 
 missing=()

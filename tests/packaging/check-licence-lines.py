@@ -7,12 +7,15 @@ Makefile, the linker's version script, the templates that configure
 fills in) carries "SPDX-License-Identifier: MIT" in a comment on one of
 its first two lines: the second, when the first is a "#!" line. The
 trees of sample files that the tests and examples walk are data, not
-sources, and are left out, as are the build folders.
+sources, and are left out. In a git checkout the files are those that git
+tracks, so that no build folder or other local file counts; elsewhere (an
+unpacked release) every file but the build folders.
 
     check-licence-lines.py SOURCE_DIR
 """
 
 import pathlib
+import subprocess
 import sys
 
 LICENCE_LINE = "SPDX-License-Identifier: MIT"
@@ -29,6 +32,14 @@ def is_source(relative):
     return relative.suffix in SOURCE_SUFFIXES or relative.name in SOURCE_NAMES
 
 
+def project_files(root):
+    try:
+        listed = subprocess.run(["git", "-C", str(root), "ls-files", "-z"], capture_output=True, check=True)
+        return [root / name for name in listed.stdout.decode("utf-8", "surrogateescape").split("\0") if name]
+    except (OSError, subprocess.CalledProcessError):
+        return sorted(root.rglob("*"))
+
+
 def names_licence(path):
     with open(path, "rb") as source:
         first_lines = [source.readline() for _ in range(2)]
@@ -37,7 +48,7 @@ def names_licence(path):
 
 def main():
     root = pathlib.Path(sys.argv[1])
-    sources = [path for path in sorted(root.rglob("*"))
+    sources = [path for path in project_files(root)
                if path.is_file() and is_source(path.relative_to(root))]
     missing = [path.relative_to(root) for path in sources if not names_licence(path)]
     for path in missing:

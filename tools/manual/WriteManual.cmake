@@ -42,7 +42,7 @@ endif()
 string(REGEX REPLACE "^qxqr ([^\n]*)\n.*" "\\1" version "${version}")
 
 execute_process(COMMAND ${HELP2MAN} --no-info --no-discard-stderr --version-string ${version}
-                        --name "check, query and walk rules scripts"
+                        --name "check, query, walk, explain and lint rules scripts, and find what programs need"
                         --include ${SECTIONS} --include ${COMMANDS} --output ${OUTPUT} ${QXQR}
     RESULT_VARIABLE status)
 if(NOT status EQUAL 0)
