@@ -4,10 +4,12 @@
 #   scripts/abi.sh write BUILD BASELINE   records BUILD's library as BASELINE
 #   scripts/abi.sh check BUILD BASELINE   compares BUILD's library with it
 # Only what the library exports counts, and of the types only those that the
-# public headers declare (abi/private-types.suppr). check fails on every change that a program built
-# against the baseline could notice: a function or variable removed, a type
-# or a table of virtual functions changed. A function or variable added is
-# no such change; after one, `make abi-baseline` records the new interface.
+# public headers declare (abi/private-types.suppr). check fails on every
+# change that a program built against the baseline could notice: a function
+# or variable removed, a type or a table of virtual functions changed. A
+# function or variable added is no such change, but it fails the check too,
+# with its own message, until `make abi-baseline` records it: a baseline
+# that lacks part of the interface would not guard that part.
 set -euo pipefail
 mode=$1
 build=$2
@@ -26,8 +28,19 @@ case $mode in
         current=$(mktemp)
         trap 'rm -f "$current"' EXIT
         abidw "${abidw_options[@]}" --out-file "$current" "$library"
-        if ! abidiff --no-added-syms "$baseline" "$current"; then
+        status=0
+        abidiff "$baseline" "$current" || status=$?
+        # abidiff's status is a set of bits: 1 an error, 2 a usage error,
+        # 4 a change, 8 a change that breaks programs built against the first.
+        if ((status & 3)); then
+            echo "abi-check: abidiff failed" >&2
+            exit 1
+        elif ((status & 8)); then
             echo "abi-check: $library breaks the interface recorded in $baseline" >&2
+            exit 1
+        elif ((status & 4)); then
+            echo "abi-check: $library adds to the interface recorded in $baseline;" \
+                 "make abi-baseline records the addition" >&2
             exit 1
         fi
         echo "abi-check: $library keeps the interface of $baseline"
