@@ -1,3 +1,5 @@
+#include "rules/ParsedRules.hpp"
+
 #include "ForeignRules.hpp"
 #include "RulesTesting.hpp"
 #include "TempTree.hpp"
@@ -121,6 +123,23 @@ TEST(traceQuery, FollowsTheRulesAsPrecomputeLeftThem) {
     EXPECT_TRUE(trace.answer);
     EXPECT_EQ(trace.rules[0].rule.line, 1) << "the merged rule keeps the first rule's text";
     EXPECT_EQ(rules->getLastMatchText(), "s.rules, line 1: \nexclude if $file in [$toolbox/]");
+}
+
+TEST(traceQuery, ARuleWithoutConditionIsAskedAndNeverHolds) {
+    ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>("E0", nullptr), rule<ExcludeRule>("E", truth(true))},
+                      nullptr, new IncludeRuleList{includeRule({"p"}, nullptr)});
+    const QueryTrace excluded = traceQuery(rules, Question::Excluded, "a", nullptr);
+    ASSERT_EQ(excluded.rules.size(), 2u);
+    EXPECT_TRUE(excluded.rules[0].evaluated);
+    EXPECT_FALSE(excluded.rules[0].fired);
+    ASSERT_EQ(excluded.rules[0].values.size(), 1u);
+    EXPECT_TRUE(excluded.rules[0].values[0].evaluated);
+    EXPECT_FALSE(excluded.rules[0].values[0].value);
+    EXPECT_EQ(excluded.decidingRule, 1u);
+    const QueryTrace includes = traceQuery(rules, Question::Includes, "a", nullptr);
+    ASSERT_EQ(includes.rules.size(), 1u);
+    EXPECT_FALSE(includes.answer);
+    EXPECT_TRUE(includes.rules[0].included.empty());
 }
 
 TEST(traceQuery, ARuleSetOfAnotherMakeGivesAnEmptyTrace) {
