@@ -86,6 +86,14 @@ TEST(traceQuery, AKindWithoutRulesBindsNothing) {
     EXPECT_FALSE(trace.answer);
 }
 
+TEST(traceQuery, AnEmptyListOfRulesStillBindsTheVariables) {
+    ParsedRules rules(new ExcludeRuleList, nullptr, nullptr);
+    const QueryTrace trace = traceQuery(rules, Question::Excluded, "a", nullptr);
+    EXPECT_EQ(trace.variables.size(), 11u);
+    EXPECT_TRUE(trace.rules.empty());
+    EXPECT_TRUE(traceQuery(rules, Question::Pruned, "a", nullptr).variables.empty());
+}
+
 TEST(traceQuery, IncludeRulesAllApplyAndShowWhatEachPathBecame) {
     TempTree tree;
     tree.file("d/one.h");
