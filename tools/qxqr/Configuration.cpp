@@ -39,4 +39,12 @@ void Configuration::apply(QuorelScript::Rules& rules) const
         rules.precompute();
 }
 
+std::map<std::string, std::string> Configuration::setValues() const
+{
+    std::map<std::string, std::string> values;
+    for (const std::string& assignment : assignments)
+        values.insert(splitAssignment(assignment));
+    return values;
+}
+
 } // namespace qxqr
