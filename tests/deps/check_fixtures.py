@@ -287,6 +287,33 @@ def check_problems(qxqr, b):
     check("libc.so.6" in run.stdout, f"the walk goes on after the problems:\n{run.stdout}")
 
 
+def check_sysroot(qxqr, b):
+    """--sysroot: a symbolic link is followed inside the root, an absolute target taken from the root
+    and ".." stopping at it; the files outside that the same names reach are never read."""
+    root = b.path("sysroot")
+    inside = "sysroot" + b.root  # where the root holds what the absolute links name
+    for name in ("libs.so.1", "libt.so.1"):
+        b.library(f"{inside}/outside/{name}")
+        os.makedirs(b.path("outside"), exist_ok=True)
+        with open(b.path(f"outside/{name}"), "w") as decoy:
+            decoy.write("not the library the root holds\n")
+    program = b.program("sysroot/usr/bin/app", [f"{inside}/outside/libs.so.1", f"{inside}/outside/libt.so.1"])
+    os.makedirs(b.path("sysroot/usr/lib"), exist_ok=True)
+    os.makedirs(b.path("sysroot/lib"), exist_ok=True)
+    os.symlink(b.path("outside/libs.so.1"), b.path("sysroot/usr/lib/libs.so.1"))
+    os.symlink("../" * 20 + b.root.lstrip("/") + "/outside/libt.so.1", b.path("sysroot/lib/libt.so.1"))
+    run = run_deps(qxqr, ["--sysroot", root, "--allow-missing", "--copy-to", b.path("sysroot-copy"),
+                          "--format", "paths", "--", program])
+    found = run.stdout.splitlines()
+    check(run.returncode == 0 and f"{root}/usr/lib/libs.so.1" in found and f"{root}/lib/libt.so.1" in found
+          and "not an ELF file" not in run.stderr,
+          f"--sysroot follows links inside the root: status {run.returncode}\n{run.stdout}{run.stderr}")
+    for name in ("libs.so.1", "libt.so.1"):
+        with open(b.path(f"{inside}/outside/{name}"), "rb") as original, \
+                open(b.path(f"sysroot-copy/{name}"), "rb") as copy:
+            check(copy.read() == original.read(), f"--copy-to under --sysroot copies the {name} of the root")
+
+
 def main():
     options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     options.add_argument("--qxqr", required=True)
@@ -298,6 +325,7 @@ def main():
         build_and_check_closures(qxqr, builder, arguments.compiler)
         check_forms(qxqr, builder)
         check_problems(qxqr, builder)
+        check_sysroot(qxqr, builder)
     for failure in FAILURES:
         print(failure, file=sys.stderr)
     print(f"{len(FAILURES)} failures")

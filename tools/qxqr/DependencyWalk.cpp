@@ -6,10 +6,8 @@
 #include <cerrno>
 #include <cstring>
 #include <deque>
-#include <filesystem>
 #include <map>
 #include <set>
-#include <system_error>
 #include <unordered_map>
 
 namespace qxqr {
@@ -59,12 +57,7 @@ private:
     // A program started through a symbolic link finds $ORIGIN where it
     // really lies: the loader takes it from the kernel's name of the
     // running program, with every link resolved.
-    std::string programOrigin() const
-    {
-        std::error_code unresolved;
-        std::string real = std::filesystem::canonical(start, unresolved).string();
-        return originOf(walk.search.systemPath(unresolved ? start : real));
-    }
+    std::string programOrigin() const { return originOf(walk.search.realSystemPath(start)); }
 
     static std::string reasonOf(const ElfFile& file)
     {
@@ -97,12 +90,12 @@ private:
     void tell(const std::string& name, Link link, const Visit& verdict, const ElfFile& file)
     {
         std::optional<std::string> soname = file.object ? file.object->soname : std::nullopt;
-        report.met({start, name, link, true, verdict, soname, file.identity});
+        report.met({start, name, link, true, verdict, soname, file.identity, file.location});
     }
 
     void tellNotFound(const std::string& name, Link link, const std::string& caller)
     {
-        report.met({start, name, link, false, Visit{name, caller, Fate::kept, std::nullopt, {}}, std::nullopt, {}});
+        report.met({start, name, link, false, Visit{name, caller, Fate::kept, std::nullopt, {}}, std::nullopt, {}, ""});
     }
 
     void follow(const Waiting& next)

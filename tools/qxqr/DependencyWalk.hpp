@@ -25,6 +25,7 @@ struct Dependency {
     Visit visit;                      // the file (where found), the file that led to it, its fate
     std::optional<std::string> soname;
     FileIdentity identity;
+    std::string location;             // the file to read for `visit.file` (see ElfFile)
 };
 
 // What a walk tells as it goes: each file met, and each file it cannot

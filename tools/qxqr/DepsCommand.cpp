@@ -79,7 +79,7 @@ Result DepsCommand::run(OperandReader& starts)
     if (command->count("--copy-to"))
         copy.emplace(copyTo);
     const std::string root = withoutTrailingSlashes(sysroot);
-    ElfFiles files;
+    ElfFiles files(root);
     LibrarySearch search({root, libraryPath(), configuredDirectories(root)}, files);
     DependencyWalk walk(rules.get(), search, files);
     std::unique_ptr<DependencyOutput> output = outputFor(format.chosen(), explain);
