@@ -147,6 +147,42 @@ TEST_F(DependencyWalkTest, TheRulesExcludePruneAndInclude)
               }));
 }
 
+TEST_F(DependencyWalkTest, AFileLeftOutForOneCallerIsFollowedFromTheCallerThatKeepsIt)
+{
+    program({"libx.so.1", "liba.so.1"});
+    library("/usr/lib/libx.so.1", {"libbehind.so.1"});
+    library("/usr/lib/liba.so.1", {"libx.so.1", "libp.so.1"});
+    library("/usr/lib/libp.so.1", {"libbehind.so.1"});
+    library("/usr/lib/libbehind.so.1", {"libx.so.1", "libp.so.1"});
+    rules("exclude if $name == libx.so and $caller == $vantor/app/bin/app\n"
+          "exclude if $name == libp.so and $caller == $vantor/usr/lib/libx.so.1\n"
+          "prune if $name == libp.so and $caller == $vantor/usr/lib/liba.so.1\n");
+    EXPECT_EQ(walk({"app/bin/app"}), (Lines{
+                                         "start /app/bin/app kept",
+                                         "interpreter /lib64/ld.so kept (/app/bin/app)",
+                                         "needed /usr/lib/libx.so.1 kept (/usr/lib/liba.so.1)",
+                                         "needed /usr/lib/liba.so.1 kept (/app/bin/app)",
+                                         "needed /usr/lib/libp.so.1 kept (/usr/lib/libbehind.so.1)",
+                                         "needed /usr/lib/libbehind.so.1 kept (/usr/lib/libx.so.1)",
+                                     }));
+}
+
+TEST_F(DependencyWalkTest, AFileKeptForOneCallerStaysKeptWhateverAnotherCallerGets)
+{
+    program({"liba.so.1", "libx.so.1"});
+    library("/usr/lib/liba.so.1", {"libx.so.1"});
+    library("/usr/lib/libx.so.1", {"libbehind.so.1"});
+    library("/usr/lib/libbehind.so.1");
+    rules("exclude if $name == libx.so and $caller == $vantor/usr/lib/liba.so.1\n");
+    EXPECT_EQ(walk({"app/bin/app"}), (Lines{
+                                         "start /app/bin/app kept",
+                                         "interpreter /lib64/ld.so kept (/app/bin/app)",
+                                         "needed /usr/lib/liba.so.1 kept (/app/bin/app)",
+                                         "needed /usr/lib/libx.so.1 kept (/app/bin/app)",
+                                         "needed /usr/lib/libbehind.so.1 kept (/usr/lib/libx.so.1)",
+                                     }));
+}
+
 TEST_F(DependencyWalkTest, AnExcludedOrPrunedStartFileIsNotFollowed)
 {
     program({"liba.so.1"});
@@ -187,8 +223,9 @@ TEST_F(DependencyWalkTest, AMalformedLibraryIsAProblemNamingIt)
     library("/usr/lib/libgood.so.1");
     Lines lines = walk({"app/bin/app"});
     ASSERT_EQ(lines.size(), 4u);
-    EXPECT_EQ(lines[2].rfind("problem /usr/lib/libbad.so.1: ", 0), 0u) << lines[2];
-    EXPECT_NE(lines[2].find("(needed by " + root.path("app/bin/app") + ")"), std::string::npos) << lines[2];
+    // Problems are told as they are met, the closure once it is known.
+    EXPECT_EQ(lines[0].rfind("problem /usr/lib/libbad.so.1: ", 0), 0u) << lines[0];
+    EXPECT_NE(lines[0].find("(needed by " + root.path("app/bin/app") + ")"), std::string::npos) << lines[0];
     EXPECT_EQ(lines[3], "needed /usr/lib/libgood.so.1 kept (/app/bin/app)");
 }
 

@@ -314,6 +314,68 @@ def check_sysroot(qxqr, b):
             check(copy.read() == original.read(), f"--copy-to under --sysroot copies the {name} of the root")
 
 
+def check_start_files_apart(qxqr, b):
+    """Each start file's closure is told as if it were walked alone, and a rule on $caller decides for
+    each caller: a library that one program's rule leaves out is still told, counted, and copied as
+    kept for the other program that keeps it."""
+    runpath = "-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"
+    b.library("apart/lib/libdeep.so.1")
+    b.library("apart/lib/libshared.so.1", ["apart/lib/libdeep.so.1"], [runpath])
+    first = b.program("apart/bin/first", ["apart/lib/libshared.so.1"], [runpath])
+    second = b.program("apart/bin/second", ["apart/lib/libshared.so.1"], [runpath])
+    with open(b.path("apart.rules"), "w") as rules:
+        rules.write("exclude if $name == libshared.so and $caller == $vantor/bin/first\n")
+    rules = ["--root", b.path("apart"), b.path("apart.rules")]
+    # each found through the $ORIGIN of the object that needs it
+    shared, deep = b.path("apart/bin/../lib/libshared.so.1"), b.path("apart/bin/../lib/../lib/libdeep.so.1")
+
+    text = run_deps(qxqr, rules + ["--", first, second]).stdout
+    blocks = text.split(f"{second}: kept\n")
+    check(len(blocks) == 2 and f"{shared}: excluded (needed by {first})" in blocks[0] and deep not in blocks[0]
+          and f"{shared}: kept (needed by {second})" in blocks[1] and f"{deep}: kept (needed by {shared})" in blocks[1],
+          f"each start file's closure is told whole:\n{text}")
+
+    document = json.loads(run_deps(qxqr, ["--format", "json"] + rules + ["--", first, second]).stdout)
+    check(document["summary"] == {"kept": 6, "excluded": 0, "pruned": 0, "not found": 0},
+          f"a library kept by one program counts as kept: {document['summary']}")
+
+    copy = run_deps(qxqr, ["--copy-to", b.path("apart-copy")] + rules + ["--", first, second])
+    copied = sorted(os.listdir(b.path("apart-copy"))) if os.path.isdir(b.path("apart-copy")) else []
+    check(copy.returncode == 0 and {"libshared.so.1", "libdeep.so.1"} <= set(copied),
+          f"a library kept by one program is copied: {copied} {copy.stderr}")
+
+    dot = run_deps(qxqr, ["--format", "dot"] + rules + ["--", first, second]).stdout
+    nodes = [line for line in dot.splitlines() if line.startswith(f'  "{shared}" [')]
+    check(len(nodes) == 1 and "style=solid" in nodes[0], f"one node for a file met twice, as kept:\n{dot}")
+
+
+def check_dot_nodes(qxqr, b):
+    """The graph's nodes: each once, a name of any bytes written as valid UTF-8, a pruned file shaded,
+    a need that nothing answers red."""
+    b.library("dot/lib/libgone.so.1")
+    b.library("dot/lib/libpruned.so.1", ["dot/lib/libgone.so.1"])
+    b.library("dot/lib/libuser.so.1", ["dot/lib/libgone.so.1"], ["-Wl,--enable-new-dtags,-rpath,$ORIGIN"])
+    b.program("dot/bin/app", ["dot/lib/libuser.so.1", "dot/lib/libpruned.so.1", "dot/lib/libgone.so.1"],
+              ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"])
+    os.remove(b.path("dot/lib/libgone.so.1"))
+    odd = b.path("dot/caf\udce9")  # the byte E9, which is no UTF-8
+    os.makedirs(odd)
+    os.rename(b.path("dot/bin/app"), odd + "/app")
+    with open(b.path("dot.rules"), "w") as rules:
+        rules.write("prune if $name == libpruned.so\n")
+    run = subprocess.run([qxqr, "deps", "--format", "dot", "--allow-missing", b.path("dot.rules"), "--", odd + "/app"],
+                         stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+    dot = run.stdout.decode("utf-8", errors="surrogateescape")
+    check(dot.encode("utf-8", errors="replace") == run.stdout, f"the graph is no valid UTF-8:\n{dot!r}")
+    lines = dot.splitlines()
+    start = "'" + b.path("dot/caf") + "'$'\\\\351''/app'"  # quoted as text output quotes it, '\\' escaped
+    check(any(line.startswith(f'  "{start}" [label="app"') for line in lines), f"a name of any bytes:\n{dot}")
+    gone = [line for line in lines if line.startswith('  "libgone.so.1" [')]
+    check(len(gone) == 1 and 'style="dashed,bold", color=red' in gone[0], f"one red node for what is not found:\n{dot}")
+    pruned = [line for line in lines if '[label="libpruned.so.1"' in line]
+    check(len(pruned) == 1 and "style=filled, fillcolor=gray90" in pruned[0], f"a pruned file shaded:\n{dot}")
+
+
 def main():
     options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     options.add_argument("--qxqr", required=True)
@@ -326,6 +388,8 @@ def main():
         check_forms(qxqr, builder)
         check_problems(qxqr, builder)
         check_sysroot(qxqr, builder)
+        check_start_files_apart(qxqr, builder)
+        check_dot_nodes(qxqr, builder)
     for failure in FAILURES:
         print(failure, file=sys.stderr)
     print(f"{len(FAILURES)} failures")
