@@ -376,6 +376,71 @@ def check_dot_nodes(qxqr, b):
     check(len(pruned) == 1 and "style=filled, fillcolor=gray90" in pruned[0], f"a pruned file shaded:\n{dot}")
 
 
+def check_tokens(qxqr, b, compiler):
+    """$LIB and $PLATFORM in a DT_RUNPATH, replaced by the platform's values in a real search."""
+    multiarch = subprocess.run([compiler, "-print-multiarch"], stdout=subprocess.PIPE, text=True).stdout.strip()
+    if not multiarch:
+        print("the compiler names no multiarch directory: the $LIB fixture is left out")
+        return
+    b.library(f"tokens/lib/{multiarch}/libl.so.1")
+    program = b.program("tokens/bin/lib-app", [f"tokens/lib/{multiarch}/libl.so.1"],
+                        ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../$LIB"])
+    check_closure(qxqr, b, "$LIB in a DT_RUNPATH", program, {f"tokens/lib/{multiarch}/libl.so.1"})
+    # The loader may put the name of the CPU's level for $PLATFORM (see
+    # docs/deps.md), so the machine's name is checked here without it.
+    machine = os.uname().machine
+    b.library(f"tokens/{machine}/libp.so.1")
+    program = b.program("tokens/bin/platform-app", [f"tokens/{machine}/libp.so.1"],
+                        ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../${PLATFORM}"])
+    found = closure_of(qxqr, program, [], environment(None))
+    check(os.path.realpath(b.path(f"tokens/{machine}/libp.so.1")) in found, f"$PLATFORM in a DT_RUNPATH: {sorted(found)}")
+
+
+def check_configuration_under_sysroot(qxqr, b):
+    """The directories of the loader's configuration (its include lines followed) come before the
+    default directories."""
+    root = b.path("conf-root")
+    b.library("conf-root/opt/app/lib/libk.so.1")
+    b.library("conf-root/usr/lib/libk.so.1")
+    program = b.program("conf-root/usr/bin/app", ["conf-root/usr/lib/libk.so.1"])
+    os.makedirs(b.path("conf-root/etc/ld.so.conf.d"))
+    with open(b.path("conf-root/etc/ld.so.conf"), "w") as configuration:
+        configuration.write("include /etc/ld.so.conf.d/*.conf\n")
+    with open(b.path("conf-root/etc/ld.so.conf.d/app.conf"), "w") as configuration:
+        configuration.write("# the application's libraries\n/opt/app/lib\n")
+    run = run_deps(qxqr, ["--sysroot", root, "--allow-missing", "--format", "paths", "--", program])
+    check(f"{root}/opt/app/lib/libk.so.1\n" in run.stdout and f"{root}/usr/lib/libk.so.1" not in run.stdout,
+          f"the configured directories come before the default ones:\n{run.stdout}")
+
+
+def check_rule_options(qxqr, b):
+    """--cwd, --set and --precompute set up the rules of deps as they set up those of walk."""
+    lib = b.path("options/lib")
+    b.library("options/lib/liba.so.1")
+    b.library("options/lib/libb.so.1")
+    program = b.program("options/bin/app", ["options/lib/liba.so.1", "options/lib/libb.so.1"],
+                        [f"-Wl,--enable-new-dtags,-rpath,{lib}"])
+    with open(b.path("options.rules"), "w") as rules:
+        rules.write("exclude if $file == $cwd/liba.so.1\nexclude if $name == $dropped\n")
+
+    def fates(*options):
+        run = subprocess.run([qxqr, "deps", "--explain"] + list(options) + ["options.rules", "--", program],
+                             cwd=b.root, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        return [line for line in run.stdout.splitlines() if line.startswith(lib) or line.startswith("    options")]
+
+    check(fates() == [f"{lib}/liba.so.1: kept (needed by {program})", f"{lib}/libb.so.1: kept (needed by {program})"],
+          f"without options: {fates()}")
+    check(fates("--cwd", lib)[0:2] == [f"{lib}/liba.so.1: excluded (needed by {program})", "    options.rules, line 1:"],
+          f"--cwd: {fates('--cwd', lib)}")
+    set_fates = fates("--set", "dropped=libb.so")
+    check(set_fates[1:3] == [f"{lib}/libb.so.1: excluded (needed by {program})", "    options.rules, line 2:"],
+          f"--set: {set_fates}")
+    # Precomputed, the exclude rules are one, named after the first.
+    merged = fates("--set", "dropped=libb.so", "--precompute")
+    check(merged[1:3] == [f"{lib}/libb.so.1: excluded (needed by {program})", "    options.rules, line 1:"],
+          f"--precompute: {merged}")
+
+
 def main():
     options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     options.add_argument("--qxqr", required=True)
@@ -390,6 +455,9 @@ def main():
         check_sysroot(qxqr, builder)
         check_start_files_apart(qxqr, builder)
         check_dot_nodes(qxqr, builder)
+        check_tokens(qxqr, builder, arguments.compiler)
+        check_configuration_under_sysroot(qxqr, builder)
+        check_rule_options(qxqr, builder)
     for failure in FAILURES:
         print(failure, file=sys.stderr)
     print(f"{len(FAILURES)} failures")
