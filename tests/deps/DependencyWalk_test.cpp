@@ -147,39 +147,29 @@ TEST_F(DependencyWalkTest, TheRulesExcludePruneAndInclude)
               }));
 }
 
-TEST_F(DependencyWalkTest, AFileLeftOutForOneCallerIsFollowedFromTheCallerThatKeepsIt)
+// A rule on $caller decides per caller; what any caller keeps is kept, and
+// followed from the caller that keeps it.
+TEST_F(DependencyWalkTest, TheFateThatKeepsTheMostOverTheCallersWins)
 {
-    program({"libx.so.1", "liba.so.1"});
+    program({"libx.so.1", "liba.so.1", "libk.so.1"});
     library("/usr/lib/libx.so.1", {"libbehind.so.1"});
-    library("/usr/lib/liba.so.1", {"libx.so.1", "libp.so.1"});
-    library("/usr/lib/libp.so.1", {"libbehind.so.1"});
-    library("/usr/lib/libbehind.so.1", {"libx.so.1", "libp.so.1"});
+    library("/usr/lib/liba.so.1", {"libx.so.1", "libk.so.1", "libp.so.1"});
+    library("/usr/lib/libk.so.1");
+    library("/usr/lib/libp.so.1", {"libdeep.so.1"});
+    library("/usr/lib/libbehind.so.1", {"libp.so.1"});
+    library("/usr/lib/libdeep.so.1");
     rules("exclude if $name == libx.so and $caller == $vantor/app/bin/app\n"
-          "exclude if $name == libp.so and $caller == $vantor/usr/lib/libx.so.1\n"
+          "exclude if $name == libk.so and $caller == $vantor/usr/lib/liba.so.1\n"
           "prune if $name == libp.so and $caller == $vantor/usr/lib/liba.so.1\n");
     EXPECT_EQ(walk({"app/bin/app"}), (Lines{
                                          "start /app/bin/app kept",
                                          "interpreter /lib64/ld.so kept (/app/bin/app)",
                                          "needed /usr/lib/libx.so.1 kept (/usr/lib/liba.so.1)",
                                          "needed /usr/lib/liba.so.1 kept (/app/bin/app)",
+                                         "needed /usr/lib/libk.so.1 kept (/app/bin/app)",
                                          "needed /usr/lib/libp.so.1 kept (/usr/lib/libbehind.so.1)",
                                          "needed /usr/lib/libbehind.so.1 kept (/usr/lib/libx.so.1)",
-                                     }));
-}
-
-TEST_F(DependencyWalkTest, AFileKeptForOneCallerStaysKeptWhateverAnotherCallerGets)
-{
-    program({"liba.so.1", "libx.so.1"});
-    library("/usr/lib/liba.so.1", {"libx.so.1"});
-    library("/usr/lib/libx.so.1", {"libbehind.so.1"});
-    library("/usr/lib/libbehind.so.1");
-    rules("exclude if $name == libx.so and $caller == $vantor/usr/lib/liba.so.1\n");
-    EXPECT_EQ(walk({"app/bin/app"}), (Lines{
-                                         "start /app/bin/app kept",
-                                         "interpreter /lib64/ld.so kept (/app/bin/app)",
-                                         "needed /usr/lib/liba.so.1 kept (/app/bin/app)",
-                                         "needed /usr/lib/libx.so.1 kept (/app/bin/app)",
-                                         "needed /usr/lib/libbehind.so.1 kept (/usr/lib/libx.so.1)",
+                                         "needed /usr/lib/libdeep.so.1 kept (/usr/lib/libp.so.1)",
                                      }));
 }
 
