@@ -50,7 +50,7 @@ protected:
     // root written from it, problems as "problem FILE: REASON".
     Lines walk(const std::vector<std::string>& starts)
     {
-        ElfFiles files;
+        ElfFiles files(root.path());
         LibrarySearch search({root.path(), "", {}}, files);
         DependencyWalk walker(ruleSet.get(), search, files);
         Lines lines;
