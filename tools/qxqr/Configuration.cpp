@@ -16,8 +16,11 @@ void Configuration::addOptions(CLI::App& command)
         ->type_name("DIR");
     cwdOption = command.add_option("--cwd", cwd, "the directory that $cwd names (default: the current directory)")
         ->type_name("DIR");
+    // One assignment an occurrence, so that the script after it stays a
+    // script where the scripts may be none (deps).
     command.add_option("--set", assignments, "bind the variable NAME to VALUE in every condition (repeatable)")
         ->type_name("NAME=VALUE")
+        ->allow_extra_args(false)
         ->check(checkAssignment);
     command.add_flag("--precompute", precompute,
                      "bind the known variables, merge and simplify the rules before querying");
