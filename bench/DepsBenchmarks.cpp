@@ -27,6 +27,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <ostream>
 #include <set>
 
 namespace qxqr::bench {
@@ -82,21 +83,52 @@ void qxqrDepsWithRules(benchmark::State& state)
                        "/opt/app", QXQR_BENCH_EXAMPLES_DIR "/bundle.rules", "--"});
 }
 
-// Every question the walk of the programs asks the rules: each file met,
-// with the file that led to it, once (the walk asks each once and keeps
-// the answer).
-std::vector<std::pair<std::string, std::optional<std::string>>> questionsAsked(QuorelScript::Rules& rules)
+using Question = std::pair<std::string, std::optional<std::string>>;  // a file, and the file that led to it
+
+// The rules of a walk, each question noted as the walk asks it; the
+// answers are the rules' own.
+class NotingRules : public QuorelScript::Rules {
+public:
+    NotingRules(QuorelScript::Rules& rules, std::set<Question>& asked) : rules(rules), asked(asked) {}
+
+    bool isExcluded(const char* file, const char* reserved, const char* caller) override
+    {
+        asked.emplace(file, caller ? std::optional<std::string>(caller) : std::nullopt);
+        return rules.isExcluded(file, reserved, caller);
+    }
+    bool isPruned(const char* file, const char* reserved, const char* caller) override
+    {
+        return rules.isPruned(file, reserved, caller);
+    }
+    void getIncludes(const char* file, const char* reserved, QuorelRules::Includer& includer) override
+    {
+        rules.getIncludes(file, reserved, includer);
+    }
+    void setVantorRoot(const char* root) override { rules.setVantorRoot(root); }
+    void setCwd(const char* dir) override { rules.setCwd(dir); }
+    int setCwdFromProcess() override { return rules.setCwdFromProcess(); }
+    void bindVariable(const char* name, const char* value) override { rules.bindVariable(name, value); }
+    void precompute() override { rules.precompute(); }
+    std::ostream& print(std::ostream& os) const override { return rules.print(os); }
+    const std::string& getLastMatchText() const override { return rules.getLastMatchText(); }
+
+private:
+    QuorelScript::Rules& rules;
+    std::set<Question>& asked;
+};
+
+// Every question the walk of the programs asks the rules, once: each file
+// met, with the file that led to it, and again with each further caller
+// while no caller has kept it.
+std::vector<Question> questionsAsked(QuorelScript::Rules& rules)
 {
-    std::set<std::pair<std::string, std::optional<std::string>>> asked;
+    std::set<Question> asked;
+    NotingRules noting(rules, asked);
     ElfFiles files;
     const char* libraryPath = std::getenv("LD_LIBRARY_PATH");
     LibrarySearch search({"", libraryPath ? libraryPath : "", configuredDirectories("")}, files);
-    DependencyWalk walk(&rules, search, files);
-    DependencyReport report{[&](const Dependency& met) {
-                                if (met.found)
-                                    asked.emplace(met.visit.file, met.visit.caller);
-                            },
-                            [](const std::string&, const std::string&) {}};
+    DependencyWalk walk(&noting, search, files);
+    DependencyReport report{[](const Dependency&) {}, [](const std::string&, const std::string&) {}};
     for (const std::string& program : programs())
         walk.walkFrom(program, report);
     return {asked.begin(), asked.end()};

@@ -134,8 +134,12 @@ struct Variable {
 
 struct QueryTrace {
     Question question = Question::Excluded;
-    // The variables as the query bound them, by name. Empty when there were
-    // no rules of the kind asked about, as the query then binds nothing.
+    // The variables as the query bound them, by name. Empty when the rule
+    // set has no list of rules of the kind asked about (no script gave it
+    // one), as the query then returns before it binds anything. A list that
+    // is there but empty still has them bound: a parser that has appended
+    // its rules to one rule set gives the next rule set it makes an empty
+    // list of each kind it then finds no rule of.
     std::vector<Variable> variables;
     std::vector<RuleTrace> rules;
     // The query's answer: excluded or pruned; for Includes, whether any

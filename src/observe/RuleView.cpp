@@ -31,7 +31,7 @@ Observe::Rule viewOf(const Recorded& rule, Observe::RuleKind kind, std::size_t p
     std::ostringstream printed;
     printRule(printed, rule);
     view.printed = printed.str();
-    view.condition = conditionView(*rule.condition, sources);
+    view.condition = conditionView(conditionOf(rule), sources);
     addPaths(view, rule);
     return view;
 }

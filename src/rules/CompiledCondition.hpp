@@ -53,9 +53,8 @@ public:
 
 typedef std::vector<std::unique_ptr<CompiledCondition>> CompiledConditions;
 
-// Prepares `condition`, whose tree must outlive the result. A rule left
-// without a condition (by a precompute that failed half-way) never holds.
-std::unique_ptr<CompiledCondition> compileCondition(const Expression<bool>* condition,
+// Prepares `condition`, whose tree must outlive the result.
+std::unique_ptr<CompiledCondition> compileCondition(const Expression<bool>& condition,
                                                     const ConfiguredVariables& configured, ScratchLayout& layout);
 
 } // namespace QuorelScript

@@ -13,7 +13,7 @@ CompiledConditions compiledConditions(const std::vector<Rule*>* rules, const Con
         return conditions;
     conditions.reserve(rules->size());
     for (const Rule* rule : *rules)
-        conditions.push_back(compileCondition(rule->condition, configured, layout));
+        conditions.push_back(compileCondition(conditionOf(*rule), configured, layout));
     return conditions;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "rules/Rule.hpp"
 
+#include "expr/BooleanLiteral.hpp"
+
 namespace QuorelScript {
 
 // A rule is named by this text until the parser attaches the real one.
@@ -26,6 +28,13 @@ IncludeRule::IncludeRule(PathList* paths, Expression<bool>* condition) try
 
 IncludeRule::~IncludeRule() {
     deletePathList(paths);
+}
+
+const Expression<bool>& conditionOf(const ConditionRule& rule) {
+    static const BooleanLiteral neverHolds(false);
+    if (rule.condition == nullptr)
+        return neverHolds;
+    return *rule.condition;
 }
 
 } // namespace QuorelScript

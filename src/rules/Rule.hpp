@@ -41,6 +41,11 @@ struct IncludeRule : ConditionRule {
     PathList* paths;
 };
 
+// The condition that `rule` is asked, printed and shown with. A rule left
+// without one, by a precompute that ran out of memory while rewriting it,
+// never holds: it has the literal false, which asks nothing of the host.
+const Expression<bool>& conditionOf(const ConditionRule& rule);
+
 typedef std::vector<ExcludeRule*> ExcludeRuleList;
 typedef std::vector<PruneRule*> PruneRuleList;
 typedef std::vector<IncludeRule*> IncludeRuleList;

@@ -335,11 +335,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<CompiledCondition> compileCondition(const Expression<bool>* condition,
+std::unique_ptr<CompiledCondition> compileCondition(const Expression<bool>& condition,
                                                     const ConfiguredVariables& configured, ScratchLayout& layout) {
-    if (condition == nullptr)
-        return std::make_unique<FixedCondition>(false);
-    return Compiler(configured, layout).compile(*condition);
+    return Compiler(configured, layout).compile(condition);
 }
 
 } // namespace QuorelScript

@@ -38,7 +38,7 @@ PathExpansion includeFilesOf(const char* path, QuorelRules::Includer& includer) 
 }
 
 void expandIncludeRule(const IncludeRule& rule, const Bindings& bindings, QuorelRules::Includer& includer) {
-    if (!rule.condition->evaluate(bindings))
+    if (!conditionOf(rule).evaluate(bindings))
         return;
     for (const Expression<Path>* pathExpression : *rule.paths)
         includeFilesOf(pathExpression->evaluate(bindings).c_str(), includer);

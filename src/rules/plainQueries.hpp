@@ -22,7 +22,7 @@ namespace QuorelScript {
 template <class Rule>
 const Rule* firstMatchingRule(const std::vector<Rule*>& rules, const Bindings& bindings) {
     for (const Rule* rule : rules)
-        if (rule->condition->evaluate(bindings))
+        if (conditionOf(*rule).evaluate(bindings))
             return rule;
     return nullptr;
 }

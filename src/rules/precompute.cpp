@@ -22,7 +22,9 @@ void mergeIntoFirst(std::vector<Rule*>& rules) {
     // and leave a condition owned twice.
     merged->operands().reserve(rules.size());
     for (Rule* rule : rules) {
-        merged->append(rule->condition);
+        // A rule left without a condition never holds: it adds nothing to an or.
+        if (rule->condition != nullptr)
+            merged->append(rule->condition);
         rule->condition = nullptr;
     }
     rules.front()->condition = merged.release();
@@ -38,7 +40,10 @@ void mergeAndSimplify(std::vector<Rule*>* rules) {
     if (rules->size() > 1)
         mergeIntoFirst(*rules);
     Rule& rule = *rules->front();
-    // The rewrite owns the condition from here on, and frees it if it fails.
+    if (rule.condition == nullptr)
+        return;
+    // The rewrite owns the condition from here on, and frees it if it fails;
+    // the rule is then left without one.
     Expression<bool>* condition = rule.condition;
     rule.condition = nullptr;
     rule.condition = simplifyCondition(condition);

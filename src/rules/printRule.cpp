@@ -7,18 +7,18 @@ namespace QuorelScript {
 
 void printRule(std::ostream& os, const ExcludeRule& rule) {
     os << "exclude if ";
-    rule.condition->print(os);
+    conditionOf(rule).print(os);
 }
 
 void printRule(std::ostream& os, const PruneRule& rule) {
     os << "prune if ";
-    rule.condition->print(os);
+    conditionOf(rule).print(os);
 }
 
 void printRule(std::ostream& os, const IncludeRule& rule) {
     os << "include ";
     printPathList(os, *rule.paths) << " if ";
-    rule.condition->print(os);
+    conditionOf(rule).print(os);
 }
 
 } // namespace QuorelScript

@@ -51,7 +51,7 @@ protected:
     // root written from it, problems as "problem FILE: REASON".
     Lines walk(const std::vector<std::string>& starts)
     {
-        ElfFiles files;
+        ElfFiles files(root.path());
         LibrarySearch search({root.path(), "", {}}, files);
         DependencyWalk walker(ruleSet.get(), search, files);
         Lines lines;
@@ -148,6 +148,32 @@ TEST_F(DependencyWalkTest, TheRulesExcludePruneAndInclude)
               }));
 }
 
+// A rule on $caller decides per caller; what any caller keeps is kept, and
+// followed from the caller that keeps it.
+TEST_F(DependencyWalkTest, TheFateThatKeepsTheMostOverTheCallersWins)
+{
+    program({"libx.so.1", "liba.so.1", "libk.so.1"});
+    library("/usr/lib/libx.so.1", {"libbehind.so.1"});
+    library("/usr/lib/liba.so.1", {"libx.so.1", "libk.so.1", "libp.so.1"});
+    library("/usr/lib/libk.so.1");
+    library("/usr/lib/libp.so.1", {"libdeep.so.1"});
+    library("/usr/lib/libbehind.so.1", {"libp.so.1"});
+    library("/usr/lib/libdeep.so.1");
+    rules("exclude if $name == libx.so and $caller == $vantor/app/bin/app\n"
+          "exclude if $name == libk.so and $caller == $vantor/usr/lib/liba.so.1\n"
+          "prune if $name == libp.so and $caller == $vantor/usr/lib/liba.so.1\n");
+    EXPECT_EQ(walk({"app/bin/app"}), (Lines{
+                                         "start /app/bin/app kept",
+                                         "interpreter /lib64/ld.so kept (/app/bin/app)",
+                                         "needed /usr/lib/libx.so.1 kept (/usr/lib/liba.so.1)",
+                                         "needed /usr/lib/liba.so.1 kept (/app/bin/app)",
+                                         "needed /usr/lib/libk.so.1 kept (/app/bin/app)",
+                                         "needed /usr/lib/libp.so.1 kept (/usr/lib/libbehind.so.1)",
+                                         "needed /usr/lib/libbehind.so.1 kept (/usr/lib/libx.so.1)",
+                                         "needed /usr/lib/libdeep.so.1 kept (/usr/lib/libp.so.1)",
+                                     }));
+}
+
 TEST_F(DependencyWalkTest, AnExcludedOrPrunedStartFileIsNotFollowed)
 {
     program({"liba.so.1"});
@@ -188,8 +214,9 @@ TEST_F(DependencyWalkTest, AMalformedLibraryIsAProblemNamingIt)
     library("/usr/lib/libgood.so.1");
     Lines lines = walk({"app/bin/app"});
     ASSERT_EQ(lines.size(), 4u);
-    EXPECT_EQ(lines[2].rfind("problem /usr/lib/libbad.so.1: ", 0), 0u) << lines[2];
-    EXPECT_NE(lines[2].find("(needed by " + root.path("app/bin/app") + ")"), std::string::npos) << lines[2];
+    // Problems are told as they are met, the closure once it is known.
+    EXPECT_EQ(lines[0].rfind("problem /usr/lib/libbad.so.1: ", 0), 0u) << lines[0];
+    EXPECT_NE(lines[0].find("(needed by " + root.path("app/bin/app") + ")"), std::string::npos) << lines[0];
     EXPECT_EQ(lines[3], "needed /usr/lib/libgood.so.1 kept (/app/bin/app)");
 }
 

@@ -29,7 +29,7 @@ protected:
     // "failed: PATH: PROBLEM".
     std::string find(const std::string& name, const LoadedObject& requester)
     {
-        ElfFiles files;  // fresh, so that a file removed is seen gone
+        ElfFiles files(root.path());  // fresh, so that a file removed is seen gone
         LibrarySearch search({root.path(), libraryPath, configured}, files);
         Resolution resolution = search.find(name, requester, ElfImage::library().kind);
         switch (resolution.outcome) {

@@ -288,6 +288,160 @@ def check_problems(qxqr, b):
     check("libc.so.6" in run.stdout, f"the walk goes on after the problems:\n{run.stdout}")
 
 
+def check_sysroot(qxqr, b):
+    """--sysroot: a symbolic link is followed inside the root, an absolute target taken from the root
+    and ".." stopping at it; the files outside that the same names reach are never read."""
+    root = b.path("sysroot")
+    inside = "sysroot" + b.root  # where the root holds what the absolute links name
+    for name in ("libs.so.1", "libt.so.1"):
+        b.library(f"{inside}/outside/{name}")
+        os.makedirs(b.path("outside"), exist_ok=True)
+        with open(b.path(f"outside/{name}"), "w") as decoy:
+            decoy.write("not the library the root holds\n")
+    program = b.program("sysroot/usr/bin/app", [f"{inside}/outside/libs.so.1", f"{inside}/outside/libt.so.1"])
+    os.makedirs(b.path("sysroot/usr/lib"), exist_ok=True)
+    os.makedirs(b.path("sysroot/lib"), exist_ok=True)
+    os.symlink(b.path("outside/libs.so.1"), b.path("sysroot/usr/lib/libs.so.1"))
+    os.symlink("../" * 20 + b.root.lstrip("/") + "/outside/libt.so.1", b.path("sysroot/lib/libt.so.1"))
+    run = run_deps(qxqr, ["--sysroot", root, "--allow-missing", "--copy-to", b.path("sysroot-copy"),
+                          "--format", "paths", "--", program])
+    found = run.stdout.splitlines()
+    check(run.returncode == 0 and f"{root}/usr/lib/libs.so.1" in found and f"{root}/lib/libt.so.1" in found
+          and "not an ELF file" not in run.stderr,
+          f"--sysroot follows links inside the root: status {run.returncode}\n{run.stdout}{run.stderr}")
+    for name in ("libs.so.1", "libt.so.1"):
+        with open(b.path(f"{inside}/outside/{name}"), "rb") as original, \
+                open(b.path(f"sysroot-copy/{name}"), "rb") as copy:
+            check(copy.read() == original.read(), f"--copy-to under --sysroot copies the {name} of the root")
+
+
+def check_start_files_apart(qxqr, b):
+    """Each start file's closure is told as if it were walked alone, and a rule on $caller decides for
+    each caller: a library that one program's rule leaves out is still told, counted, and copied as
+    kept for the other program that keeps it."""
+    runpath = "-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"
+    b.library("apart/lib/libdeep.so.1")
+    b.library("apart/lib/libshared.so.1", ["apart/lib/libdeep.so.1"], [runpath])
+    first = b.program("apart/bin/first", ["apart/lib/libshared.so.1"], [runpath])
+    second = b.program("apart/bin/second", ["apart/lib/libshared.so.1"], [runpath])
+    with open(b.path("apart.rules"), "w") as rules:
+        rules.write("exclude if $name == libshared.so and $caller == $vantor/bin/first\n")
+    rules = ["--root", b.path("apart"), b.path("apart.rules")]
+    # each found through the $ORIGIN of the object that needs it
+    shared, deep = b.path("apart/bin/../lib/libshared.so.1"), b.path("apart/bin/../lib/../lib/libdeep.so.1")
+
+    text = run_deps(qxqr, rules + ["--", first, second]).stdout
+    blocks = text.split(f"{second}: kept\n")
+    check(len(blocks) == 2 and f"{shared}: excluded (needed by {first})" in blocks[0] and deep not in blocks[0]
+          and f"{shared}: kept (needed by {second})" in blocks[1] and f"{deep}: kept (needed by {shared})" in blocks[1],
+          f"each start file's closure is told whole:\n{text}")
+
+    document = json.loads(run_deps(qxqr, ["--format", "json"] + rules + ["--", first, second]).stdout)
+    check(document["summary"] == {"kept": 6, "excluded": 0, "pruned": 0, "not found": 0},
+          f"a library kept by one program counts as kept: {document['summary']}")
+
+    copy = run_deps(qxqr, ["--copy-to", b.path("apart-copy")] + rules + ["--", first, second])
+    copied = sorted(os.listdir(b.path("apart-copy"))) if os.path.isdir(b.path("apart-copy")) else []
+    check(copy.returncode == 0 and {"libshared.so.1", "libdeep.so.1"} <= set(copied),
+          f"a library kept by one program is copied: {copied} {copy.stderr}")
+
+    dot = run_deps(qxqr, ["--format", "dot"] + rules + ["--", first, second]).stdout
+    nodes = [line for line in dot.splitlines() if line.startswith(f'  "{shared}" [')]
+    check(len(nodes) == 1 and "style=solid" in nodes[0], f"one node for a file met twice, as kept:\n{dot}")
+
+
+def check_dot_nodes(qxqr, b):
+    """The graph's nodes: each once, a name of any bytes written as valid UTF-8, a pruned file shaded,
+    a need that nothing answers red."""
+    b.library("dot/lib/libgone.so.1")
+    b.library("dot/lib/libpruned.so.1", ["dot/lib/libgone.so.1"])
+    b.library("dot/lib/libuser.so.1", ["dot/lib/libgone.so.1"], ["-Wl,--enable-new-dtags,-rpath,$ORIGIN"])
+    b.program("dot/bin/app", ["dot/lib/libuser.so.1", "dot/lib/libpruned.so.1", "dot/lib/libgone.so.1"],
+              ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"])
+    os.remove(b.path("dot/lib/libgone.so.1"))
+    odd = b.path("dot/caf\udce9")  # the byte E9, which is no UTF-8
+    os.makedirs(odd)
+    os.rename(b.path("dot/bin/app"), odd + "/app")
+    with open(b.path("dot.rules"), "w") as rules:
+        rules.write("prune if $name == libpruned.so\n")
+    run = subprocess.run([qxqr, "deps", "--format", "dot", "--allow-missing", b.path("dot.rules"), "--", odd + "/app"],
+                         stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+    dot = run.stdout.decode("utf-8", errors="surrogateescape")
+    check(dot.encode("utf-8", errors="replace") == run.stdout, f"the graph is no valid UTF-8:\n{dot!r}")
+    lines = dot.splitlines()
+    start = "'" + b.path("dot/caf") + "'$'\\\\351''/app'"  # quoted as text output quotes it, '\\' escaped
+    check(any(line.startswith(f'  "{start}" [label="app"') for line in lines), f"a name of any bytes:\n{dot}")
+    gone = [line for line in lines if line.startswith('  "libgone.so.1" [')]
+    check(len(gone) == 1 and 'style="dashed,bold", color=red' in gone[0], f"one red node for what is not found:\n{dot}")
+    pruned = [line for line in lines if '[label="libpruned.so.1"' in line]
+    check(len(pruned) == 1 and "style=filled, fillcolor=gray90" in pruned[0], f"a pruned file shaded:\n{dot}")
+
+
+def check_tokens(qxqr, b, compiler):
+    """$LIB and $PLATFORM in a DT_RUNPATH, replaced by the platform's values in a real search."""
+    multiarch = subprocess.run([compiler, "-print-multiarch"], stdout=subprocess.PIPE, text=True).stdout.strip()
+    if not multiarch:
+        print("the compiler names no multiarch directory: the $LIB fixture is left out")
+        return
+    b.library(f"tokens/lib/{multiarch}/libl.so.1")
+    program = b.program("tokens/bin/lib-app", [f"tokens/lib/{multiarch}/libl.so.1"],
+                        ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../$LIB"])
+    check_closure(qxqr, b, "$LIB in a DT_RUNPATH", program, {f"tokens/lib/{multiarch}/libl.so.1"})
+    # The loader may put the name of the CPU's level for $PLATFORM (see
+    # docs/deps.md), so the machine's name is checked here without it.
+    machine = os.uname().machine
+    b.library(f"tokens/{machine}/libp.so.1")
+    program = b.program("tokens/bin/platform-app", [f"tokens/{machine}/libp.so.1"],
+                        ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../${PLATFORM}"])
+    found = closure_of(qxqr, program, [], environment(None))
+    check(os.path.realpath(b.path(f"tokens/{machine}/libp.so.1")) in found, f"$PLATFORM in a DT_RUNPATH: {sorted(found)}")
+
+
+def check_configuration_under_sysroot(qxqr, b):
+    """The directories of the loader's configuration (its include lines followed) come before the
+    default directories."""
+    root = b.path("conf-root")
+    b.library("conf-root/opt/app/lib/libk.so.1")
+    b.library("conf-root/usr/lib/libk.so.1")
+    program = b.program("conf-root/usr/bin/app", ["conf-root/usr/lib/libk.so.1"])
+    os.makedirs(b.path("conf-root/etc/ld.so.conf.d"))
+    with open(b.path("conf-root/etc/ld.so.conf"), "w") as configuration:
+        configuration.write("include /etc/ld.so.conf.d/*.conf\n")
+    with open(b.path("conf-root/etc/ld.so.conf.d/app.conf"), "w") as configuration:
+        configuration.write("# the application's libraries\n/opt/app/lib\n")
+    run = run_deps(qxqr, ["--sysroot", root, "--allow-missing", "--format", "paths", "--", program])
+    check(f"{root}/opt/app/lib/libk.so.1\n" in run.stdout and f"{root}/usr/lib/libk.so.1" not in run.stdout,
+          f"the configured directories come before the default ones:\n{run.stdout}")
+
+
+def check_rule_options(qxqr, b):
+    """--cwd, --set and --precompute set up the rules of deps as they set up those of walk."""
+    lib = b.path("options/lib")
+    b.library("options/lib/liba.so.1")
+    b.library("options/lib/libb.so.1")
+    program = b.program("options/bin/app", ["options/lib/liba.so.1", "options/lib/libb.so.1"],
+                        [f"-Wl,--enable-new-dtags,-rpath,{lib}"])
+    with open(b.path("options.rules"), "w") as rules:
+        rules.write("exclude if $file == $cwd/liba.so.1\nexclude if $name == $dropped\n")
+
+    def fates(*options):
+        run = subprocess.run([qxqr, "deps", "--explain"] + list(options) + ["options.rules", "--", program],
+                             cwd=b.root, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        return [line for line in run.stdout.splitlines() if line.startswith(lib) or line.startswith("    options")]
+
+    check(fates() == [f"{lib}/liba.so.1: kept (needed by {program})", f"{lib}/libb.so.1: kept (needed by {program})"],
+          f"without options: {fates()}")
+    check(fates("--cwd", lib)[0:2] == [f"{lib}/liba.so.1: excluded (needed by {program})", "    options.rules, line 1:"],
+          f"--cwd: {fates('--cwd', lib)}")
+    set_fates = fates("--set", "dropped=libb.so")
+    check(set_fates[1:3] == [f"{lib}/libb.so.1: excluded (needed by {program})", "    options.rules, line 2:"],
+          f"--set: {set_fates}")
+    # Precomputed, the exclude rules are one, named after the first.
+    merged = fates("--set", "dropped=libb.so", "--precompute")
+    check(merged[1:3] == [f"{lib}/libb.so.1: excluded (needed by {program})", "    options.rules, line 1:"],
+          f"--precompute: {merged}")
+
+
 def main():
     options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     options.add_argument("--qxqr", required=True)
@@ -299,6 +453,12 @@ def main():
         build_and_check_closures(qxqr, builder, arguments.compiler)
         check_forms(qxqr, builder)
         check_problems(qxqr, builder)
+        check_sysroot(qxqr, builder)
+        check_start_files_apart(qxqr, builder)
+        check_dot_nodes(qxqr, builder)
+        check_tokens(qxqr, builder, arguments.compiler)
+        check_configuration_under_sysroot(qxqr, builder)
+        check_rule_options(qxqr, builder)
     for failure in FAILURES:
         print(failure, file=sys.stderr)
     print(f"{len(FAILURES)} failures")

@@ -1,62 +1,32 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Compares `qxqr deps` with the system's loader on every program of a directory.
+"""Compares `qxqr deps` with the system's loader on every file of a directory.
 
-Every dynamically linked ELF executable of the directory (/usr/bin by
-default), symbolic links to one included, goes through one run of
-`qxqr deps --format json`, and through `ldd` (in batches, in parallel,
-each program by its real path: see ldd_batch).
-For each program the two sets must be equal: the real paths of the
-libraries found, and the names that nothing answers. ldd's linux-vdso,
-which the kernel provides and no file holds, is left out. Every program
-whose sets differ is printed with both sets, and the check fails.
+Every file of the directory (/usr/bin by default), symbolic links
+included, goes through `qxqr deps --format paths -- FILE`, as a user would
+run it, and through `ldd` (in batches, in parallel, each file by its real
+path: see ldd_batch). For each file the two sets must be equal: the real
+paths of the libraries found, and the names that nothing answers. ldd's
+linux-vdso, which the kernel provides and no file holds, is left out. A
+file that is no dynamically linked program (a script, a static program)
+gets an empty set from both. A message of qxqr deps other than a name not
+found, for a file that ldd lists libraries for, is a difference too. Every
+file whose sets differ is printed with both sets, and the check fails.
 """
 
 import argparse
 import concurrent.futures
-import json
 import os
-import struct
+import re
 import subprocess
 import sys
 
-PT_INTERP = 3
 BATCH = 40
+NOT_FOUND = re.compile(r"qxqr: (.*): not found \(needed by .*\)")
 
 
-def is_dynamic_executable(path):
-    """An ELF file of type ET_EXEC or ET_DYN, executable, with a PT_INTERP program header."""
-    if not os.path.isfile(path) or not os.access(path, os.X_OK):
-        return False
-    try:
-        with open(path, "rb") as file:
-            header = file.read(64)
-            if len(header) < 52 or header[:4] != b"\x7fELF" or header[4] not in (1, 2) or header[5] not in (1, 2):
-                return False
-            wide = header[4] == 2
-            order = "<" if header[5] == 1 else ">"
-            if struct.unpack_from(order + "H", header, 16)[0] not in (2, 3):
-                return False
-            if wide:
-                phoff, = struct.unpack_from(order + "Q", header, 32)
-                phentsize, phnum = struct.unpack_from(order + "HH", header, 54)
-            else:
-                phoff, = struct.unpack_from(order + "I", header, 28)
-                phentsize, phnum = struct.unpack_from(order + "HH", header, 42)
-            file.seek(phoff)
-            table = file.read(phentsize * phnum)
-    except OSError:
-        return False
-    for index in range(phnum):
-        entry = table[index * phentsize:index * phentsize + 4]
-        if len(entry) == 4 and struct.unpack(order + "I", entry)[0] == PT_INTERP:
-            return True
-    return False
-
-
-def programs_in(directory):
-    names = sorted(os.listdir(directory))
-    return [path for path in (os.path.join(directory, name) for name in names) if is_dynamic_executable(path)]
+def files_in(directory):
+    return [os.path.join(directory, name) for name in sorted(os.listdir(directory))]
 
 
 def loader_line(line):
@@ -106,21 +76,24 @@ def loader_sets(programs, jobs):
     return sets
 
 
-def deps_sets(qxqr, programs):
-    run = subprocess.run([qxqr, "deps", "--format", "json", "--allow-missing", "--", "-"],
-                         input="\n".join(programs) + "\n", stdout=subprocess.PIPE, stderr=subprocess.PIPE,
-                         text=True, errors="surrogateescape")
-    if run.returncode != 0:
-        sys.exit(f"qxqr deps failed (status {run.returncode}):\n{run.stderr}")
-    sets = {program: set() for program in programs}
-    for item in json.loads(run.stdout)["dependencies"]:
-        if item["link"] == "start":
-            continue
-        if item["fate"] == "not found":
-            sets[item["start"]].add("not found: " + item["name"])
+def deps_set(qxqr, path):
+    """qxqr deps's set for one file, and its messages other than the names not found."""
+    run = subprocess.run([qxqr, "deps", "--format", "paths", "--allow-missing", "--", path], stdout=subprocess.PIPE,
+                         stderr=subprocess.PIPE, text=True, errors="surrogateescape")
+    found = {os.path.realpath(line) for line in run.stdout.splitlines()}
+    messages = []
+    for line in run.stderr.splitlines():
+        missing = NOT_FOUND.fullmatch(line)
+        if missing:
+            found.add("not found: " + missing.group(1))
         else:
-            sets[item["start"]].add(os.path.realpath(item["file"]))
-    return sets
+            messages.append(line)
+    return found, messages
+
+
+def deps_sets(qxqr, paths, jobs):
+    with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
+        return dict(zip(paths, pool.map(lambda path: deps_set(qxqr, path), paths)))
 
 
 def main():
@@ -130,22 +103,20 @@ def main():
     options.add_argument("--jobs", type=int, default=2)
     arguments = options.parse_args()
 
-    programs = programs_in(arguments.directory)
-    if not programs:
-        sys.exit(f"no dynamically linked programs in {arguments.directory}")
-    ours = deps_sets(os.path.abspath(arguments.qxqr), programs)
-    loaders = loader_sets(programs, arguments.jobs)
+    paths = files_in(arguments.directory)
+    if not paths:
+        sys.exit(f"no files in {arguments.directory}")
+    ours = deps_sets(os.path.abspath(arguments.qxqr), paths, arguments.jobs)
+    loaders = loader_sets(paths, arguments.jobs)
     differing = 0
-    for program in programs:
-        expected = loaders.get(program)
-        if expected is None:
-            print(f"{program}: ldd gives no list", file=sys.stderr)
+    for path in paths:
+        expected = loaders.get(path, set())
+        found, messages = ours[path]
+        if found != expected or (expected and messages):
             differing += 1
-        elif ours[program] != expected:
-            differing += 1
-            print(f"{program}: qxqr deps and ldd differ\n  qxqr deps: {sorted(ours[program])}\n"
-                  f"  ldd:       {sorted(expected)}", file=sys.stderr)
-    print(f"{len(programs) - differing} of {len(programs)} programs agree")
+            print(f"{path}: qxqr deps and ldd differ\n  qxqr deps: {sorted(found)}\n  ldd:       {sorted(expected)}"
+                  + "".join(f"\n  {message}" for message in messages), file=sys.stderr)
+    print(f"{len(paths) - differing} of {len(paths)} files agree")
     return 1 if differing else 0
 
 

@@ -91,6 +91,18 @@ TEST(rulesOf, ShowsHandBuiltRulesWithoutARecordedHeading) {
     EXPECT_EQ(views[1].condition.nodes[0].kind, NodeKind::True);
 }
 
+TEST(rulesOf, ShowsARuleWithoutConditionAsNeverHolding) {
+    ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>("E", nullptr)}, nullptr,
+                      new IncludeRuleList{includeRule({"p"}, nullptr)});
+    const std::vector<Observe::Rule> views = rulesOf(rules);
+    ASSERT_EQ(views.size(), 2u);
+    ASSERT_EQ(views[0].condition.nodes.size(), 1u);
+    EXPECT_EQ(views[0].condition.nodes[0].kind, NodeKind::False);
+    EXPECT_EQ(views[0].printed, "exclude if false");
+    EXPECT_EQ(views[1].condition.nodes[0].kind, NodeKind::False);
+    EXPECT_EQ(views[1].paths.size(), 1u);
+}
+
 TEST(rulesOf, ChangesNothing) {
     const std::unique_ptr<Rules> rules = parsed("exclude if $file == a\n");
     std::ostringstream before, after;

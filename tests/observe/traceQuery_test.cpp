@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "rules/ParsedRules.hpp"
+
 #include "ForeignRules.hpp"
 #include "RulesTesting.hpp"
 #include "TempTree.hpp"
@@ -85,6 +87,14 @@ TEST(traceQuery, AKindWithoutRulesBindsNothing) {
     EXPECT_FALSE(trace.answer);
 }
 
+TEST(traceQuery, AnEmptyListOfRulesStillBindsTheVariables) {
+    ParsedRules rules(new ExcludeRuleList, nullptr, nullptr);
+    const QueryTrace trace = traceQuery(rules, Question::Excluded, "a", nullptr);
+    EXPECT_EQ(trace.variables.size(), 11u);
+    EXPECT_TRUE(trace.rules.empty());
+    EXPECT_TRUE(traceQuery(rules, Question::Pruned, "a", nullptr).variables.empty());
+}
+
 TEST(traceQuery, IncludeRulesAllApplyAndShowWhatEachPathBecame) {
     TempTree tree;
     tree.file("d/one.h");
@@ -122,6 +132,23 @@ TEST(traceQuery, FollowsTheRulesAsPrecomputeLeftThem) {
     EXPECT_TRUE(trace.answer);
     EXPECT_EQ(trace.rules[0].rule.line, 1) << "the merged rule keeps the first rule's text";
     EXPECT_EQ(rules->getLastMatchText(), "s.rules, line 1: \nexclude if $file in [$toolbox/]");
+}
+
+TEST(traceQuery, ARuleWithoutConditionIsAskedAndNeverHolds) {
+    ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>("E0", nullptr), rule<ExcludeRule>("E", truth(true))},
+                      nullptr, new IncludeRuleList{includeRule({"p"}, nullptr)});
+    const QueryTrace excluded = traceQuery(rules, Question::Excluded, "a", nullptr);
+    ASSERT_EQ(excluded.rules.size(), 2u);
+    EXPECT_TRUE(excluded.rules[0].evaluated);
+    EXPECT_FALSE(excluded.rules[0].fired);
+    ASSERT_EQ(excluded.rules[0].values.size(), 1u);
+    EXPECT_TRUE(excluded.rules[0].values[0].evaluated);
+    EXPECT_FALSE(excluded.rules[0].values[0].value);
+    EXPECT_EQ(excluded.decidingRule, 1u);
+    const QueryTrace includes = traceQuery(rules, Question::Includes, "a", nullptr);
+    ASSERT_EQ(includes.rules.size(), 1u);
+    EXPECT_FALSE(includes.answer);
+    EXPECT_TRUE(includes.rules[0].included.empty());
 }
 
 TEST(traceQuery, ARuleSetOfAnotherMakeGivesAnEmptyTrace) {

@@ -33,6 +33,13 @@ TEST(ParsedRulesPrint, EmptyListPrintsALoneEmptyLineAndANullListNothing) {
               "\tprune if true\n\n");
 }
 
+TEST(ParsedRulesPrint, ARuleWithoutConditionPrintsAsNeverHolding) {
+    EXPECT_EQ(printed(ParsedRules(new ExcludeRuleList{rule<ExcludeRule>("E", nullptr)},
+                                  new PruneRuleList{rule<PruneRule>("P", nullptr)},
+                                  new IncludeRuleList{includeRule({"/a"}, nullptr)})),
+              "\texclude if false\n\n\tprune if false\n\n\tinclude [/a] if false\n\n");
+}
+
 TEST(ParsedRulesPrint, ReturnsTheStreamAndWorksThroughTheStreamOperator) {
     const ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>("E", truth(false))}, nullptr, nullptr);
     std::ostringstream out;

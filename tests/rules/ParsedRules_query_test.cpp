@@ -73,6 +73,24 @@ TEST(ParsedRulesQuery, MissKeepsThePreviousMatchText) {
     EXPECT_EQ(rules.getLastMatchText(), "E");
 }
 
+// Asked before and after a change of configuration: the first queries after
+// a change are answered rule by rule, the others from the prepared rules,
+// and both must pass over a rule without condition.
+TEST(ParsedRulesQuery, RulesWithoutConditionNeverHold) {
+    ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>("E0", nullptr), rule<ExcludeRule>("E", truth(true))},
+                      new PruneRuleList{rule<PruneRule>("P0", nullptr)},
+                      new IncludeRuleList{includeRule({"/none"}, nullptr), includeRule({"/x.h"}, truth(true))});
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_TRUE(rules.isExcluded("/f", nullptr, nullptr));
+        EXPECT_EQ(rules.getLastMatchText(), "E");
+        EXPECT_FALSE(rules.isPruned("/f", nullptr, nullptr));
+        RecordingIncluder includer;
+        rules.getIncludes("/f", nullptr, includer);
+        EXPECT_EQ(includer.paths, Paths{"/x.h"});
+        rules.bindVariable("x", "/v");
+    }
+}
+
 TEST(ParsedRulesQuery, QueriesSeeTheFileItsPartsAndTheCaller) {
     ParsedRules rules(
         new ExcludeRuleList{rule<ExcludeRule>(

@@ -20,6 +20,14 @@ TEST(Rule, KeepsTheConditionItWasGiven) {
     EXPECT_EQ(rule.condition, condition);
 }
 
+TEST(Rule, IsAskedWithItsConditionOrTheLiteralFalseWithoutOne) {
+    const ExcludeRule rule(equals("$file", "/a"));
+    EXPECT_EQ(&conditionOf(rule), rule.condition);
+    const PruneRule conditionless(nullptr);
+    EXPECT_EQ(printed(conditionOf(conditionless)), "false");
+    EXPECT_FALSE(conditionOf(conditionless).evaluate(Bindings("/v", "/a", "/b", "/w")));
+}
+
 TEST(Rule, IncludeRuleKeepsItsPathsInOrder) {
     PathList* paths = pathList({"/a", "$dir/b"});
     const IncludeRule rule(paths, truth(true));

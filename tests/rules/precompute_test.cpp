@@ -122,6 +122,15 @@ TEST(precompute, ConditionWithoutVariablesBecomesTheLiteralTrue) {
     EXPECT_EQ(rules.getLastMatchText(), "E");
 }
 
+TEST(precompute, RulesWithoutConditionAddNothingToTheMergeAndStayWithoutOne) {
+    ParsedRules rules(excludeRules({rule<ExcludeRule>("E0", nullptr), rule<ExcludeRule>("E", exists("$file"))}),
+                      new PruneRuleList{rule<PruneRule>("P", nullptr)}, nullptr);
+    rules.precompute();
+    rules.precompute();
+    EXPECT_EQ(printed(rules), "\texclude if exists($file)\n\n\tprune if false\n\n");
+    EXPECT_FALSE(rules.isPruned("/a", nullptr, nullptr));
+}
+
 TEST(precompute, IncludeRulesAreNeverMergedAndOnlyBound) {
     ParsedRules rules(nullptr, nullptr,
                       new IncludeRuleList{includeRule({"$vantor/a"}, equals("$arch", "ia32lx")),

@@ -17,8 +17,11 @@ void Configuration::addOptions(CLI::App& command)
         ->type_name("DIR");
     cwdOption = command.add_option("--cwd", cwd, "the directory that $cwd names (default: the current directory)")
         ->type_name("DIR");
+    // One assignment an occurrence, so that the script after it stays a
+    // script where the scripts may be none (deps).
     command.add_option("--set", assignments, "bind the variable NAME to VALUE in every condition (repeatable)")
         ->type_name("NAME=VALUE")
+        ->allow_extra_args(false)
         ->check(checkAssignment);
     command.add_flag("--precompute", precompute,
                      "bind the known variables, merge and simplify the rules before querying");
@@ -38,6 +41,14 @@ void Configuration::apply(QuorelScript::Rules& rules) const
     }
     if (precompute)
         rules.precompute();
+}
+
+std::map<std::string, std::string> Configuration::setValues() const
+{
+    std::map<std::string, std::string> values;
+    for (const std::string& assignment : assignments)
+        values.insert(splitAssignment(assignment));
+    return values;
 }
 
 } // namespace qxqr

@@ -2,6 +2,7 @@
 #ifndef QXQR_CONFIGURATION_HPP
 #define QXQR_CONFIGURATION_HPP
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,9 @@ public:
     // In the order a host follows: root, current directory, variables, and
     // precomputation last, once everything it can bind is known.
     void apply(QuorelScript::Rules& rules) const;
+    // The values that --set binds into the conditions, by name. Of two for
+    // one name the first counts: once bound, the name is gone from them.
+    std::map<std::string, std::string> setValues() const;
 
 private:
     // Given or not is what counts (an empty --root is still a root), so the

@@ -1,25 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "DependencyOutput.hpp"
+#include "QuotedName.hpp"
 #include "StandardOutput.hpp"
 
 #include <map>
+#include <optional>
 #include <set>
+#include <vector>
 
 namespace qxqr {
 
 namespace {
 
-// A Graphviz quoted string: '"' and '\' escaped, a line end as \n.
-std::string quoted(const std::string& text)
+// A name as a Graphviz quoted string. Graphviz reads UTF-8, and a file name
+// may be any bytes: the name is shown as text output shows it (quotedName:
+// valid UTF-8, no control character, one text for one name), then '"' and
+// '\' are escaped.
+std::string dotName(const std::string& name)
 {
     std::string result = "\"";
-    for (char character : text) {
+    for (char character : quotedName(name)) {
         if (character == '"' || character == '\\')
             result += '\\';
-        if (character == '\n')
-            result += "\\n";
-        else
-            result += character;
+        result += character;
     }
     return result + "\"";
 }
@@ -30,11 +33,12 @@ std::string baseName(const std::string& path)
     return slash == std::string::npos || slash + 1 == path.size() ? path : path.substr(slash + 1);
 }
 
-const char* styleOf(const Dependency& dependency)
+// None: a need that nothing answers.
+const char* styleOf(std::optional<Fate> fate)
 {
-    if (!dependency.found)
+    if (!fate)
         return "style=\"dashed,bold\", color=red, fontcolor=red";
-    switch (dependency.visit.fate) {
+    switch (*fate) {
     case Fate::excluded:
         return "style=dashed, color=gray50, fontcolor=gray50";
     case Fate::pruned:
@@ -45,9 +49,11 @@ const char* styleOf(const Dependency& dependency)
     return "style=solid";
 }
 
-// Nodes and edges are written as they are met, each once; a node is named
-// by its path (or by the name nothing answers) and labelled by its last
-// part, the whole path as its tooltip.
+// Edges are written as they are met, each once. A node is named by its
+// path (or by the name nothing answers) and labelled by its last part, the
+// whole path as its tooltip; since start files may decide on a file
+// differently, the nodes are written at the end, each once, styled by the
+// fate that keeps the most (keepsMore).
 class DotOutput : public DependencyOutput {
 public:
     DotOutput() { writeStandardOutput("digraph dependencies {\n  node [shape=box, fontname=\"sans-serif\"];\n"); }
@@ -55,30 +61,41 @@ public:
     void met(const Dependency& dependency) override
     {
         const std::string node = nodeOf(dependency);
-        std::string text;
-        if (meetings.first(dependency))
-            text += "  " + quoted(node) + " [label=" + quoted(baseName(node)) + ", tooltip=" + quoted(node) + ", " +
-                    styleOf(dependency) + "];\n";
         if (dependency.visit.caller && edges.emplace(*dependency.visit.caller, node).second)
-            text += "  " + quoted(*dependency.visit.caller) + " -> " + quoted(node) +
-                    (dependency.link == Link::included ? " [style=dotted]" : "") + ";\n";
-        if (!text.empty())
-            writeStandardOutput(text);
+            writeStandardOutput("  " + dotName(*dependency.visit.caller) + " -> " + dotName(node) +
+                                (dependency.link == Link::included ? " [style=dotted]" : "") + ";\n");
     }
 
-    void finish(const DependencyCounts&) override { writeStandardOutput("}\n"); }
+    void finish(const DependencyCounts&) override
+    {
+        std::string text;
+        for (const std::string& node : order)
+            text += "  " + dotName(node) + " [label=" + dotName(baseName(node)) + ", tooltip=" + dotName(node) +
+                    ", " + styleOf(fates.at(node)) + "];\n";
+        writeStandardOutput(text + "}\n");
+    }
 
 private:
     // A file reached by several paths is one node, named by the first.
     std::string nodeOf(const Dependency& dependency)
     {
-        if (!dependency.found)
-            return dependency.visit.file;
-        return nodes.emplace(dependency.identity, dependency.visit.file).first->second;
+        std::optional<Fate> fate;
+        std::string node = dependency.visit.file;
+        if (dependency.found) {
+            fate = dependency.visit.fate;
+            node = names.emplace(dependency.identity, node).first->second;
+        }
+        auto [place, isNew] = fates.emplace(node, fate);
+        if (isNew)
+            order.push_back(node);
+        else if (fate && (!place->second || keepsMore(*fate, *place->second)))
+            place->second = fate;
+        return node;
     }
 
-    FirstMeetings meetings;
-    std::map<FileIdentity, std::string> nodes;
+    std::map<FileIdentity, std::string> names;
+    std::map<std::string, std::optional<Fate>> fates;  // by node
+    std::vector<std::string> order;                    // the nodes in the order first met
     std::set<std::pair<std::string, std::string>> edges;
 };
 

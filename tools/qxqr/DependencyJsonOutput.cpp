@@ -35,10 +35,10 @@ public:
     void finish(const DependencyCounts& counts) override
     {
         document.finish({{"summary",
-                          {{"kept", counts.kept},
-                           {"excluded", counts.excluded},
-                           {"pruned", counts.pruned},
-                           {"not found", counts.notFound}}}});
+                          {{"kept", counts.of(Fate::kept)},
+                           {"excluded", counts.of(Fate::excluded)},
+                           {"pruned", counts.of(Fate::pruned)},
+                           {"not found", counts.notFound()}}}});
     }
 
 private:

@@ -33,20 +33,21 @@ bool FirstMeetings::first(const Dependency& dependency)
 void DependencyCounts::count(const Dependency& dependency)
 {
     if (!dependency.found) {
-        ++notFound;
+        if (needs.first(dependency))
+            ++notFoundCount;
         return;
     }
-    switch (dependency.visit.fate) {
-    case Fate::kept:
-        ++kept;
-        break;
-    case Fate::excluded:
-        ++excluded;
-        break;
-    case Fate::pruned:
-        ++pruned;
-        break;
-    }
+    auto [place, isNew] = fates.emplace(dependency.identity, dependency.visit.fate);
+    if (!isNew && keepsMore(dependency.visit.fate, place->second))
+        place->second = dependency.visit.fate;
+}
+
+std::size_t DependencyCounts::of(Fate fate) const
+{
+    std::size_t count = 0;
+    for (const auto& file : fates)
+        count += file.second == fate;
+    return count;
 }
 
 } // namespace qxqr

@@ -5,6 +5,7 @@
 #include "DependencyWalk.hpp"
 
 #include <cstddef>
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -30,14 +31,21 @@ private:
     std::set<std::pair<std::string, std::string>> missing;
 };
 
-// The distinct files of a run by fate, and the needs nothing answers.
-struct DependencyCounts {
-    std::size_t kept = 0;
-    std::size_t excluded = 0;
-    std::size_t pruned = 0;
-    std::size_t notFound = 0;
-
+// The distinct files of a run by fate, and the distinct needs nothing
+// answers. A file that start files decide on differently counts once,
+// under the fate that keeps the most (keepsMore): it is shipped when any
+// start file keeps it.
+class DependencyCounts {
+public:
     void count(const Dependency& dependency);
+
+    std::size_t of(Fate fate) const;
+    std::size_t notFound() const { return notFoundCount; }
+
+private:
+    std::map<FileIdentity, Fate> fates;
+    FirstMeetings needs;
+    std::size_t notFoundCount = 0;
 };
 
 // One form of the `deps` answer, written to standard output as the walk
@@ -52,14 +60,16 @@ public:
     virtual std::string messages() const { return std::string(); }
 };
 
-// Each file once, with its fate and what led to it; --explain adds the
-// deciding rule; a line of counts ends it.
+// Each start file's closure in turn, as if it were walked alone: each file
+// once, with its fate and what led to it; --explain adds the deciding
+// rule; a line of counts ends it.
 std::unique_ptr<DependencyOutput> textOutput(bool explain);
 // One JSON document: every dependency of every start file, then the counts.
 std::unique_ptr<DependencyOutput> jsonOutput();
 // The path of each file found once, start files left out.
 std::unique_ptr<DependencyOutput> pathsOutput();
-// A Graphviz graph of who needs or includes whom, styled by fate.
+// A Graphviz graph of who needs or includes whom, each file one node
+// styled by its fate over the run.
 std::unique_ptr<DependencyOutput> dotOutput();
 
 } // namespace qxqr

@@ -27,8 +27,6 @@ public:
 
     void met(const Dependency& dependency) override
     {
-        if (!meetings.first(dependency))
-            return;
         std::string text = quotedName(dependency.visit.file) + ": " + fateName(dependency);
         if (dependency.visit.caller)
             text += " (" + relation(dependency.link) + quotedName(*dependency.visit.caller) + ")";
@@ -40,14 +38,14 @@ public:
 
     void finish(const DependencyCounts& counts) override
     {
-        writeStandardOutput(std::to_string(counts.kept) + " kept, " + std::to_string(counts.excluded) +
-                            " excluded, " + std::to_string(counts.pruned) + " pruned, " +
-                            std::to_string(counts.notFound) + " not found\n");
+        writeStandardOutput(std::to_string(counts.of(Fate::kept)) + " kept, " +
+                            std::to_string(counts.of(Fate::excluded)) + " excluded, " +
+                            std::to_string(counts.of(Fate::pruned)) + " pruned, " +
+                            std::to_string(counts.notFound()) + " not found\n");
     }
 
 private:
     bool explain;
-    FirstMeetings meetings;
 };
 
 } // namespace

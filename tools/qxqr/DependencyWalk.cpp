@@ -7,16 +7,15 @@
 #include <cerrno>
 #include <cstring>
 #include <deque>
-#include <filesystem>
 #include <map>
-#include <set>
-#include <system_error>
 #include <unordered_map>
+#include <utility>
 
 namespace qxqr {
 
-// One start file's process: the objects it has loaded, the names that
-// answer a need, and the files waiting to be followed.
+// One start file's process: the files of its closure, the objects it has
+// loaded, the names that answer a need, and the files waiting to be
+// followed.
 class DependencyWalk::Process {
 public:
     Process(DependencyWalk& walk, const DependencyReport& report) : walk(walk), report(report) {}
@@ -31,41 +30,39 @@ public:
         this->start = start;
         kind = file.object->kind;
         platform = LoaderPlatform::of(kind);
-        const Visit verdict = walk.decide(start, nullptr);
-        tell(start, Link::start, verdict, file);
-        if (verdict.fate == Fate::excluded)
-            return;
-        const LoadedObject& program = load(walk.search.systemPath(start), start, file, nullptr, programOrigin());
-        if (verdict.fate == Fate::pruned)
-            return;
-        if (file.object->interpreter)
-            meetNeed(*file.object->interpreter, Link::interpreter, program, start);
-        waiting.push_back({start, &program, verdict.includes});
+        MetFile& program = meet(start, Link::start, file, walk.decide(start, nullptr));
+        if (program.fate() != Fate::excluded)
+            program.object = &load(walk.search.systemPath(start), start, file, nullptr, program, programOrigin());
+        if (program.fate() == Fate::kept) {
+            if (file.object->interpreter)
+                meetNeed(*file.object->interpreter, Link::interpreter, program);
+            waiting.push_back(&program);
+        }
         while (!waiting.empty()) {
-            Waiting next = waiting.front();
+            MetFile& next = *waiting.front();
             waiting.pop_front();
             follow(next);
         }
+        for (const MetFile& met : closure)
+            report.met(met.dependency);
     }
 
 private:
-    // A kept file whose needs (for an object loaded here) and includes are
-    // still to be met.
-    struct Waiting {
-        std::string file;
-        const LoadedObject* object;  // null for a file that is no object of this process
-        std::vector<std::string> includes;
+    // A file of the closure, or a need that nothing answers: what is told of
+    // it, and the object it was loaded as (null for a file that is no object
+    // of this process).
+    struct MetFile {
+        Dependency dependency;
+        const LoadedObject* object = nullptr;
+
+        Fate fate() const { return dependency.visit.fate; }
+        const std::string& file() const { return dependency.visit.file; }
     };
 
     // A program started through a symbolic link finds $ORIGIN where it
     // really lies: the loader takes it from the kernel's name of the
     // running program, with every link resolved.
-    std::string programOrigin() const
-    {
-        std::error_code unresolved;
-        std::string real = std::filesystem::canonical(start, unresolved).string();
-        return originOf(walk.search.systemPath(unresolved ? start : real));
-    }
+    std::string programOrigin() const { return originOf(walk.search.realSystemPath(start)); }
 
     static std::string reasonOf(const ElfFile& file)
     {
@@ -79,95 +76,118 @@ private:
         }
     }
 
-    // `origin` is the object's $ORIGIN, when it is not the directory of `path`.
+    MetFile& meet(const std::string& name, Link link, const ElfFile& file, Visit verdict)
+    {
+        std::optional<std::string> soname = file.object ? file.object->soname : std::nullopt;
+        closure.push_back({{start, name, link, true, std::move(verdict), soname, file.identity, file.location}});
+        metByIdentity.emplace(file.identity, &closure.back());
+        return closure.back();
+    }
+
+    void meetNothing(const std::string& name, Link link, const std::string& caller)
+    {
+        closure.push_back(
+            {{start, name, link, false, Visit{name, caller, Fate::kept, std::nullopt, {}}, std::nullopt, {}, ""}});
+    }
+
+    // Loads `file` for `met`; `origin` is the object's $ORIGIN, when it is
+    // not the directory of `path`.
     const LoadedObject& load(const std::string& path, const std::string& asked, const ElfFile& file,
-                             const LoadedObject* loader, std::optional<std::string> origin = std::nullopt)
+                             const LoadedObject* loader, MetFile& met,
+                             std::optional<std::string> origin = std::nullopt)
     {
         const ElfObject& object = *file.object;
         loaded.push_back({path, &object,
                           {origin ? *origin : originOf(path), platform.libToken, platform.platformToken}, loader});
-        const LoadedObject& done = loaded.back();
         for (const std::string& name : {path, asked})
-            answering.emplace(name, &done);
+            answering.emplace(name, &met);
         if (object.soname)
-            answering.emplace(*object.soname, &done);
-        byIdentity.emplace(file.identity, &done);
-        return done;
+            answering.emplace(*object.soname, &met);
+        return loaded.back();
     }
 
-    void tell(const std::string& name, Link link, const Visit& verdict, const ElfFile& file)
-    {
-        std::optional<std::string> soname = file.object ? file.object->soname : std::nullopt;
-        report.met({start, name, link, true, verdict, soname, file.identity});
-    }
-
-    void tellNotFound(const std::string& name, Link link, const std::string& caller)
-    {
-        report.met({start, name, link, false, Visit{name, caller, Fate::kept, std::nullopt, {}}, std::nullopt, {}});
-    }
-
-    void follow(const Waiting& next)
+    void follow(const MetFile& next)
     {
         if (next.object) {
             for (const std::string& name : next.object->object->needed)
-                meetNeed(name, Link::needed, *next.object, next.file);
+                meetNeed(name, Link::needed, next);
         }
-        for (const std::string& included : next.includes)
-            meetInclude(included, next.file, next.object);
+        for (const std::string& included : next.dependency.visit.includes)
+            meetInclude(included, next);
     }
 
-    // `caller` is the file of `requester`.
-    void meetNeed(const std::string& name, Link link, const LoadedObject& requester, const std::string& caller)
+    void meetNeed(const std::string& name, Link link, const MetFile& caller)
     {
-        if (answering.count(name))
+        auto answered = answering.find(name);
+        if (answered != answering.end()) {
+            reconsider(*answered->second, name, link, caller.file());
             return;
-        Resolution resolution = walk.search.find(name, requester, kind);
+        }
+        Resolution resolution = walk.search.find(name, *caller.object, kind);
         if (resolution.outcome == Resolution::Outcome::notFound) {
-            tellNotFound(name, link, caller);
+            meetNothing(name, link, caller.file());
             return;
         }
         const std::string file = walk.search.hostPath(resolution.path);
         if (resolution.outcome == Resolution::Outcome::failed) {
-            report.problem(file, resolution.problem + " (needed by " + quotedName(caller) + ")");
+            report.problem(file, resolution.problem + " (needed by " + quotedName(caller.file()) + ")");
             return;
         }
         const ElfFile& found = walk.files.at(file);
-        auto same = byIdentity.find(found.identity);
-        if (same != byIdentity.end()) {
+        auto same = metByIdentity.find(found.identity);
+        if (same != metByIdentity.end()) {
             answering.emplace(name, same->second);
+            reconsider(*same->second, name, link, caller.file());
             return;
         }
-        const Visit verdict = walk.decide(file, &caller);
-        tell(name, link, verdict, found);
-        const LoadedObject& object = load(resolution.path, name, found, &requester);
-        if (verdict.fate == Fate::kept)
-            waiting.push_back({file, &object, verdict.includes});
+        MetFile& met = meet(name, link, found, walk.decide(file, &caller.file()));
+        met.object = &load(resolution.path, name, found, caller.object, met);
+        if (met.fate() == Fate::kept)
+            waiting.push_back(&met);
     }
 
-    void meetInclude(const std::string& included, const std::string& caller, const LoadedObject* includer)
+    void meetInclude(const std::string& included, const MetFile& caller)
     {
         const ElfFile& found = walk.files.at(included);
         if (found.state == ElfFile::State::absent) {
-            tellNotFound(included, Link::included, caller);
+            meetNothing(included, Link::included, caller.file());
             return;
         }
         if (found.state == ElfFile::State::broken || found.state == ElfFile::State::denied) {
-            report.problem(included, found.problem + " (included by " + quotedName(caller) + ")");
+            report.problem(included, found.problem + " (included by " + quotedName(caller.file()) + ")");
             return;
         }
-        if (byIdentity.count(found.identity) || !listed.insert(found.identity).second)
+        auto same = metByIdentity.find(found.identity);
+        if (same != metByIdentity.end()) {
+            reconsider(*same->second, included, Link::included, caller.file());
             return;
-        const Visit verdict = walk.decide(included, &caller);
-        tell(included, Link::included, verdict, found);
-        if (verdict.fate == Fate::excluded)
-            return;
+        }
+        MetFile& met = meet(included, Link::included, found, walk.decide(included, &caller.file()));
         // Loaded at run time by the file that included it, or by the
         // program when that file is no object of this process.
-        const LoadedObject* object = nullptr;
         if (found.object && found.object->kind == kind)
-            object = &load(walk.search.systemPath(included), included, found, includer ? includer : &loaded.front());
-        if (verdict.fate == Fate::kept)
-            waiting.push_back({included, object, verdict.includes});
+            met.object = &load(walk.search.systemPath(included), included, found,
+                               caller.object ? caller.object : &loaded.front(), met);
+        if (met.fate() == Fate::kept)
+            waiting.push_back(&met);
+    }
+
+    // A file met again, from another caller. The rules may keep for this
+    // caller what they left out or pruned for an earlier one (a rule on
+    // $caller); what any caller keeps is kept, and followed from the
+    // caller that keeps it. The loaded object stays the one first loaded.
+    void reconsider(MetFile& met, const std::string& name, Link link, const std::string& caller)
+    {
+        if (met.fate() == Fate::kept || met.dependency.visit.caller == caller)
+            return;
+        Visit verdict = walk.decide(met.file(), &caller);
+        if (!keepsMore(verdict.fate, met.fate()))
+            return;
+        met.dependency.name = name;
+        met.dependency.link = link;
+        met.dependency.visit = std::move(verdict);
+        if (met.fate() == Fate::kept)
+            waiting.push_back(&met);
     }
 
     DependencyWalk& walk;
@@ -175,12 +195,19 @@ private:
     std::string start;
     ElfKind kind;
     LoaderPlatform platform;
-    std::deque<LoadedObject> loaded;  // a deque keeps every object where it is, for the pointers below
-    std::unordered_map<std::string, const LoadedObject*> answering;
-    std::map<FileIdentity, const LoadedObject*> byIdentity;
-    std::set<FileIdentity> listed;  // included files that are no object of this process
-    std::deque<Waiting> waiting;
+    // Deques keep every element where it is, for the pointers below.
+    std::deque<MetFile> closure;  // in the order first met
+    std::deque<LoadedObject> loaded;
+    std::map<FileIdentity, MetFile*> metByIdentity;
+    std::unordered_map<std::string, MetFile*> answering;  // the names that a loaded object answers
+    std::deque<MetFile*> waiting;
 };
+
+bool keepsMore(Fate fate, Fate than)
+{
+    auto rank = [](Fate of) { return of == Fate::kept ? 2 : of == Fate::pruned ? 1 : 0; };
+    return rank(fate) > rank(than);
+}
 
 DependencyWalk::DependencyWalk(QuorelScript::Rules* rules, LibrarySearch& search, ElfFiles& files)
     : rules(rules), search(search), files(files)

@@ -26,10 +26,12 @@ struct Dependency {
     Visit visit;                      // the file (where found), the file that led to it, its fate
     std::optional<std::string> soname;
     FileIdentity identity;
+    std::string location;             // the file to read for `visit.file` (see ElfFile)
 };
 
-// What a walk tells as it goes: each file met, and each file it cannot
-// read or use (with the reason), after which it goes on.
+// What a walk tells: each file of a start file's closure (once the closure
+// is known), and, as it goes, each file it cannot read or use (with the
+// reason), after which it goes on.
 struct DependencyReport {
     std::function<void(const Dependency&)> met;
     std::function<void(const std::string& file, const std::string& reason)> problem;
@@ -48,9 +50,19 @@ struct DependencyReport {
 // caller: an excluded file is reported but not followed (it is still
 // loaded, from the target system), a pruned one is kept but not followed,
 // and a kept one is followed: its needs, then the files its include rules
-// add. An included ELF file of the start file's kind is followed as if
-// loaded at run time by the file that included it; any other included
-// file is listed. Without rules every file is kept. Nothing is executed.
+// add. An included ELF file of the start file's kind is loaded as if at
+// run time by the file that included it, and followed like a need; any
+// other included file is listed. A file met again from another caller is
+// asked again while no caller has kept it, since a rule on $caller may
+// decide otherwise for that caller: the fate that keeps the most wins
+// (keepsMore), and the file is followed from the caller that keeps it.
+// Each file of the closure is reported once, in the order first met, with
+// the verdict that decided its fate. Without rules every file is kept.
+// Nothing is executed.
+// Whether `fate` keeps more of a file than `than`: kept (shipped and
+// followed) over pruned (shipped) over excluded (left out).
+bool keepsMore(Fate fate, Fate than);
+
 class DependencyWalk {
 public:
     DependencyWalk(QuorelScript::Rules* rules, LibrarySearch& search, ElfFiles& files);

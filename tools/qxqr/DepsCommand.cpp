@@ -80,18 +80,15 @@ Result DepsCommand::run(OperandReader& starts)
     if (command->count("--copy-to"))
         copy.emplace(copyTo);
     const std::string root = withoutTrailingSlashes(sysroot);
-    ElfFiles files;
+    ElfFiles files(root);
     LibrarySearch search({root, libraryPath(), configuredDirectories(root)}, files);
     DependencyWalk walk(rules.get(), search, files);
     std::unique_ptr<DependencyOutput> output = outputFor(format.chosen(), explain);
 
-    FirstMeetings meetings;
     DependencyCounts counts;
     std::string problems;
     DependencyReport report{[&](const Dependency& dependency) {
                                 output->met(dependency);
-                                if (!meetings.first(dependency))
-                                    return;
                                 counts.count(dependency);
                                 if (copy)
                                     problems += copy->take(dependency);
@@ -105,7 +102,7 @@ Result DepsCommand::run(OperandReader& starts)
     output->finish(counts);
 
     std::string messages = output->messages() + problems;
-    bool failed = !problems.empty() || (counts.notFound > 0 && !allowMissing);
+    bool failed = !problems.empty() || (counts.notFound() > 0 && !allowMissing);
     return {"", messages, failed ? 1 : 0};
 }
 

@@ -1,21 +1,36 @@
 // SPDX-License-Identifier: MIT
 #include "ElfFiles.hpp"
 
+#include "RootedPath.hpp"
+
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 namespace qxqr {
 
-namespace {
+ElfFiles::ElfFiles(std::string root) : root(std::move(root)) {}
 
-ElfFile look(const std::string& path)
+ElfFile ElfFiles::look(const std::string& path) const
 {
     ElfFile file;
+    file.location = path;
+    std::optional<std::string> inRoot = root.empty() ? std::nullopt : systemPathUnder(root, path);
+    if (inRoot) {
+        std::error_code error;
+        file.location = root + followedInRoot(root, *inRoot, error);
+        if (error) {
+            file.state = ElfFile::State::broken;
+            file.problem = error.message();
+            return file;
+        }
+    }
+    const std::string& location = file.location;
     struct stat status;
-    if (stat(path.c_str(), &status) != 0) {
+    if (stat(location.c_str(), &status) != 0) {
         if (errno == ENOENT || errno == ENOTDIR)
             return file;
         file.state = ElfFile::State::broken;
@@ -24,19 +39,17 @@ ElfFile look(const std::string& path)
     }
     file.identity = {status.st_dev, status.st_ino};
     try {
-        file.object = readElfFile(path);
+        file.object = readElfFile(location);
         file.state = ElfFile::State::elf;
     } catch (const NotElfError&) {
         file.state = ElfFile::State::notElf;
     } catch (const ElfError& error) {
-        file.state = access(path.c_str(), R_OK) != 0 && errno == EACCES ? ElfFile::State::denied
+        file.state = access(location.c_str(), R_OK) != 0 && errno == EACCES ? ElfFile::State::denied
                                                                         : ElfFile::State::broken;
         file.problem = error.what();
     }
     return file;
 }
-
-} // namespace
 
 const ElfFile& ElfFiles::at(const std::string& path)
 {

@@ -36,18 +36,26 @@ struct ElfFile {
         elf,     // `object` holds what it says
     };
     State state = State::absent;
+    std::string location;  // the file read: under the root, the path with its links followed inside it
     FileIdentity identity;
     std::optional<ElfObject> object;
     std::string problem;
 };
 
 // Every path the walk looks at, each read once in a run, however many
-// start files lead to it.
+// start files lead to it. A path under `root` (a system installed there,
+// see RootedPath) is read as that system would read it, never reaching
+// outside the root through a symbolic link; any other path as it is.
 class ElfFiles {
 public:
+    explicit ElfFiles(std::string root = std::string());
+
     const ElfFile& at(const std::string& path);
 
 private:
+    ElfFile look(const std::string& path) const;
+
+    std::string root;
     std::unordered_map<std::string, ElfFile> files;
 };
 

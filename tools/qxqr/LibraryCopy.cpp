@@ -51,7 +51,7 @@ std::string LibraryCopy::take(const Dependency& dependency)
     std::error_code error;
     fs::remove(copy, error);
     if (!error)
-        fs::copy_file(file, copy, error);
+        fs::copy_file(dependency.location, copy, error);
     if (error)
         return "qxqr: cannot copy " + quotedName(file) + " to " + quotedName(directory) + ": " + error.message() + "\n";
     return std::string();

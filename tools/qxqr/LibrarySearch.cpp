@@ -2,7 +2,9 @@
 #include "LibrarySearch.hpp"
 
 #include "LoaderPlatform.hpp"
+#include "RootedPath.hpp"
 
+#include <filesystem>
 #include <utility>
 
 namespace qxqr {
@@ -38,11 +40,20 @@ std::string LibrarySearch::hostPath(const std::string& systemPath) const
 
 std::string LibrarySearch::systemPath(const std::string& hostPath) const
 {
-    const std::string& root = settings.sysroot;
-    if (!root.empty() && hostPath.compare(0, root.size(), root) == 0 && hostPath.size() > root.size() &&
-        hostPath[root.size()] == '/')
-        return hostPath.substr(root.size());
-    return hostPath;
+    return systemPathUnder(settings.sysroot, hostPath).value_or(hostPath);
+}
+
+std::string LibrarySearch::realSystemPath(const std::string& hostPath) const
+{
+    std::error_code unresolved;
+    if (!settings.sysroot.empty()) {
+        if (std::optional<std::string> inRoot = systemPathUnder(settings.sysroot, hostPath)) {
+            std::string real = followedInRoot(settings.sysroot, *inRoot, unresolved);
+            return unresolved ? *inRoot : real;
+        }
+    }
+    std::string real = std::filesystem::canonical(hostPath, unresolved).string();
+    return systemPath(unresolved ? hostPath : real);
 }
 
 std::vector<std::string> LibrarySearch::directoriesFor(const LoadedObject& requester) const

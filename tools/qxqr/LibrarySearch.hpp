@@ -61,6 +61,9 @@ public:
     std::string hostPath(const std::string& systemPath) const;
     // The reverse: a file given on the command line as the system names it.
     std::string systemPath(const std::string& hostPath) const;
+    // The same with every symbolic link on the way followed (inside the
+    // root, for a file under it); as given when that cannot be done.
+    std::string realSystemPath(const std::string& hostPath) const;
 
 private:
     std::vector<std::string> directoriesFor(const LoadedObject& requester) const;

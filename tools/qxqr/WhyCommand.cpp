@@ -42,6 +42,7 @@ WhyCommand::WhyCommand(CLI::App& qxqr)
 Result WhyCommand::run(OperandReader& files)
 {
     std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
+    const WhyVariables variables(*rules, configuration.setValues());
     configuration.apply(*rules);
     const char* callerOrNull = command->count("--caller") ? caller.c_str() : nullptr;
     const Palette palette(!format.isJson() && colour.enabled());
@@ -55,7 +56,7 @@ Result WhyCommand::run(OperandReader& files)
         if (document)
             document->append(whyJson(traces));
         else
-            writeStandardOutput(whyText(traces, palette));
+            writeStandardOutput(whyText(traces, variables, palette));
     }
     if (document)
         document->finish(nlohmann::json::object());

@@ -121,10 +121,24 @@ std::string ruleText(const RuleTrace& rule, bool decides, const Palette& palette
     return text + conditionText(rule.rule.condition, rule.values, palette, indent) + includedText(rule, indent);
 }
 
-std::string questionText(const std::string& question, const std::string& answer, const QueryTrace& trace,
-                         const char* kind, const Palette& palette)
+// "$file = src/a.c, $mode (not bound)" on one line, or nothing when the
+// rules refer to no variable.
+std::string variablesText(const std::vector<ShownVariable>& variables)
 {
-    std::string text = "  " + question + ": " + answer + "\n";
+    if (variables.empty())
+        return "";
+    std::string text = "    variables: ";
+    for (std::size_t i = 0; i < variables.size(); ++i) {
+        text += (i == 0 ? "$" : ", $") + variables[i].name;
+        text += variables[i].value ? " = " + quotedName(*variables[i].value) : " (not bound)";
+    }
+    return text + "\n";
+}
+
+std::string questionText(const std::string& question, const std::string& answer, const QueryTrace& trace,
+                         const char* kind, const WhyVariables& variables, const Palette& palette)
+{
+    std::string text = "  " + question + ": " + answer + "\n" + variablesText(variables.shown(trace));
     if (trace.rules.empty())
         text += std::string("    no ") + kind + " rules\n";
     for (std::size_t i = 0; i < trace.rules.size(); ++i)
@@ -143,12 +157,14 @@ std::string includesAnswer(const QueryTrace& trace)
 
 } // namespace
 
-std::string whyText(const FileTraces& traces, const Palette& palette)
+std::string whyText(const FileTraces& traces, const WhyVariables& variables, const Palette& palette)
 {
     return quotedName(traces.file) + ": " + verdict(traces.excluded.answer, traces.pruned.answer) + "\n" +
-           questionText("excluded", traces.excluded.answer ? "yes" : "no", traces.excluded, "exclude", palette) +
-           questionText("pruned", traces.pruned.answer ? "yes" : "no", traces.pruned, "prune", palette) +
-           questionText("includes", includesAnswer(traces.includes), traces.includes, "include", palette);
+           questionText("excluded", traces.excluded.answer ? "yes" : "no", traces.excluded, "exclude", variables,
+                        palette) +
+           questionText("pruned", traces.pruned.answer ? "yes" : "no", traces.pruned, "prune", variables, palette) +
+           questionText("includes", includesAnswer(traces.includes), traces.includes, "include", variables,
+                        palette);
 }
 
 } // namespace qxqr

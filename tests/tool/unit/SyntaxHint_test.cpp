@@ -3,9 +3,14 @@
 
 #include "SmallStack.hpp"
 
+#include <qxqrscript/Parser.hpp>
+#include <qxqrscript/Rules.hpp>
+
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
+#include <vector>
 
 using qxqr::syntaxHint;
 
@@ -18,6 +23,32 @@ std::string reportFor(const std::string& line) {
 TEST(SyntaxHint, PitfallOfAShortLineIsHinted) {
     EXPECT_EQ("hint: a path that holds blanks is written in double quotes\n",
               syntaxHint(reportFor("exclude if $file == a b")));
+}
+
+bool parses(const std::string& line) {
+    QuorelScript::Parser parser;
+    const std::string text = line + "\n";
+    return std::unique_ptr<QuorelScript::Rules>(parser.parse(text.c_str())) != nullptr;
+}
+
+// For each pitfall, a line that fails and looks like it, but that mending
+// as its hint says would not make parse: it gets no hint.
+TEST(SyntaxHint, LineThatMendingWouldNotFixGetsNoHint) {
+    const std::vector<std::string> lines = {
+        "exclude if $file in",                  // a keyword at the end, with more missing
+        "include a, b if c exist",              // a bare include list, and a misspelt keyword
+        "exclude if $file not  in [/a",         // 'not  in', and a list never closed
+        "exclude if $file in [/a ] exists",     // a blank before ']', and a test after the list
+        "EXCLUDE IF $file exist",               // upper-case keywords, and a misspelt one
+        "prune if not not $file exist",         // 'not not', and a misspelt keyword
+        "exclude if true == $name and",         // a literal on the left, and an 'and' without a right side
+        "exclude if \"\" exist",                 // an empty quoted path, and a misspelt keyword
+        "exclude if $name == my file-x",        // a blank in a path, and a character no path holds
+        "exclude if $file == /opt/a-b exist"};  // a character no path holds, and a misspelt keyword
+    for (const std::string& line : lines) {
+        ASSERT_FALSE(parses(line)) << line;
+        EXPECT_EQ("", syntaxHint(reportFor(line))) << line;
+    }
 }
 
 // The same pitfall on a line of a hundred thousand characters: no hint,
