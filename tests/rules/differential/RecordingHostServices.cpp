@@ -3,13 +3,18 @@
 
 #include <qxqrscript/host.hpp>
 
-#include <functional>
+#include <cstdint>
 #include <string>
 
 namespace {
 
-std::size_t hashOf(const char* path) {
-    return std::hash<std::string>()(path);
+// The answers depend on the path alone, the same on every platform (a
+// 32-bit std::hash would answer otherwise than a 64-bit one): FNV-1a.
+std::uint64_t hashOf(const char* path) {
+    std::uint64_t hash = 14695981039346656037u;
+    for (const char* c = path; *c; ++c)
+        hash = (hash ^ static_cast<unsigned char>(*c)) * 1099511628211u;
+    return hash;
 }
 
 } // namespace
