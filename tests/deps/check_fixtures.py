@@ -262,6 +262,21 @@ def check_forms(qxqr, b):
               f"--copy-to wrote through a symbolic link: {again.stderr}")
 
 
+def check_missing_include(qxqr, b):
+    """An included file that is not there is told as not found, included by the file whose rule named it,
+    in the text form and in the paths form alike."""
+    program = b.program("missing/bin/app")
+    with open(b.path("missing.rules"), "w") as rules:
+        rules.write("include $vantor/plugins/libgone.so if $dir == $vantor/bin\n")
+    told = f"{b.path('missing/plugins/libgone.so')}: not found (included by {program})"
+    common = ["--root", b.path("missing"), b.path("missing.rules"), "--"]
+    text = run_deps(qxqr, common + [program])
+    check(text.returncode == 1 and told + "\n" in text.stdout, f"a missing include, text form:\n{text.stdout}")
+    paths = run_deps(qxqr, ["--format", "paths"] + common + [program])
+    check(paths.returncode == 1 and paths.stderr == f"qxqr: {told}\n",
+          f"a missing include, paths form:\n{paths.stderr}")
+
+
 def check_problems(qxqr, b):
     """Files that are no loadable ELF file: a message naming each, and the walk goes on."""
     good = b.library("problems/good/libx.so.1")
@@ -451,6 +466,7 @@ def main():
         builder = Builder(arguments.compiler, root)
         build_and_check_closures(qxqr, builder, arguments.compiler)
         check_forms(qxqr, builder)
+        check_missing_include(qxqr, builder)
         check_problems(qxqr, builder)
         check_sysroot(qxqr, builder)
         check_start_files_apart(qxqr, builder)
