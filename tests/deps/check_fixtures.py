@@ -278,14 +278,16 @@ def check_missing_include(qxqr, b):
 
 
 def check_problems(qxqr, b):
-    """Files that are no loadable ELF file: a message naming each, and the walk goes on."""
+    """Files that are no loadable ELF file: a message naming each, once however many objects need it,
+    and the walk goes on."""
     good = b.library("problems/good/libx.so.1")
+    b.library("problems/good/liby.so.1", ["problems/good/libx.so.1"])  # needs libx too, through the same path
     with open(good, "rb") as whole:
         cut = whole.read()[:40]
     os.makedirs(b.path("problems/bad"))
     with open(b.path("problems/bad/libx.so.1"), "wb") as bad:
         bad.write(cut)
-    program = b.program("problems/app", ["problems/good/libx.so.1"],
+    program = b.program("problems/app", ["problems/good/libx.so.1", "problems/good/liby.so.1"],
                         [f"-Wl,--disable-new-dtags,-rpath,{b.path('problems/bad')}:{b.path('problems/good')}"])
     with open(b.path("problems/notes.txt"), "w") as notes:
         notes.write("hello\n")
@@ -299,7 +301,8 @@ def check_problems(qxqr, b):
           f"problems with start files:\n{run.stderr}")
     check(len(lines) == 3 and lines[2].startswith(f"qxqr: {b.path('problems/bad/libx.so.1')}: ")
           and lines[2].endswith(f" (needed by {program})"), f"a malformed library:\n{run.stderr}")
-    check("libc.so.6" in run.stdout, f"the walk goes on after the problems:\n{run.stdout}")
+    check("libc.so.6" in run.stdout and b.path("problems/good/liby.so.1") in run.stdout,
+          f"the walk goes on after the problems:\n{run.stdout}")
 
 
 def check_sysroot(qxqr, b):
