@@ -331,6 +331,25 @@ def check_sysroot(qxqr, b):
                 open(b.path(f"sysroot-copy/{name}"), "rb") as copy:
             check(copy.read() == original.read(), f"--copy-to under --sysroot copies the {name} of the root")
 
+    # The rules see the files where they are read, DIR in front, as the
+    # output names them, and --root is given so too; a rule written for the
+    # system under DIR holds there with DIR bound to a variable in front of
+    # its paths (see docs/deps.md).
+    os.makedirs(b.path("sysroot/etc"), exist_ok=True)
+    with open(b.path("sysroot/etc/app.conf"), "w") as settings:
+        settings.write("setting\n")
+    with open(b.path("sysroot.rules"), "w") as rules:
+        rules.write("exclude if $file in [/lib/libt, $sysroot/usr/lib/libs]\n"
+                    "include $vantor/etc/app.conf if $file == $sysroot/usr/bin/app\n")
+    run = run_deps(qxqr, ["--sysroot", root, "--allow-missing", "--set", f"sysroot={root}", "--root", root,
+                          "--copy-to", b.path("sysroot-rules-copy"), b.path("sysroot.rules"), "--", program])
+    copied = sorted(os.listdir(b.path("sysroot-rules-copy"))) if os.path.isdir(b.path("sysroot-rules-copy")) else []
+    check(run.returncode == 0 and f"{root}/usr/lib/libs.so.1: excluded (needed by {program})\n" in run.stdout
+          and f"{root}/lib/libt.so.1: kept (needed by {program})\n" in run.stdout
+          and f"{root}/etc/app.conf: kept (included by {program})\n" in run.stdout
+          and copied == ["app.conf", "libt.so.1"],
+          f"rules under --sysroot: status {run.returncode}, copied {copied}\n{run.stdout}{run.stderr}")
+
 
 def check_start_files_apart(qxqr, b):
     """Each start file's closure is told as if it were walked alone, and a rule on $caller decides for
