@@ -3,6 +3,7 @@
 #include "Assignment.hpp"
 #include "LintChecks.hpp"
 #include "LintDirectives.hpp"
+#include "RuleFirstLines.hpp"
 #include "ScriptLoader.hpp"
 
 #include <qxqrscript/observe.hpp>
@@ -27,13 +28,6 @@ std::string checkName(const std::string& name)
     return "unknown check '" + name + "' (the checks: " + known + ")";
 }
 
-// The line on which the rule begins: its recorded line is where its
-// condition ends, after any continuation lines of its text.
-long firstLineOf(const QuorelScript::Observe::Rule& rule)
-{
-    return rule.line - static_cast<long>(std::count(rule.text.begin(), rule.text.end(), '\n'));
-}
-
 // Each script's directives, by the name the library knows it by.
 typedef std::map<std::string, ScriptDirectives> DirectivesByScript;
 
@@ -46,12 +40,14 @@ DirectivesByScript directivesOf(const ScriptTexts& texts)
 }
 
 bool isSilenced(const LintWarning& warning, const std::vector<std::string>& disabled,
-                const DirectivesByScript& directives)
+                const DirectivesByScript& directives, const FirstLines& firstLines)
 {
     if (std::find(disabled.begin(), disabled.end(), warning.check) != disabled.end())
         return true;
     const auto script = directives.find(warning.rule->script);
-    return script != directives.end() && script->second.disabledBefore(firstLineOf(*warning.rule)).count(warning.check);
+    const auto firstLine = firstLines.find(warning.rule);
+    return script != directives.end() && firstLine != firstLines.end() &&
+           script->second.disabledBefore(firstLine->second).count(warning.check);
 }
 
 // In the order of the scripts as given, then of their lines.
@@ -110,8 +106,11 @@ Result LintCommand::run(OperandReader&)
     const std::vector<QuorelScript::Observe::Rule> views = QuorelScript::Observe::rulesOf(*rules);
     std::vector<LintWarning> warnings = lintRules(views, settings);
     const DirectivesByScript directives = directivesOf(texts);
+    const FirstLines firstLines = firstLinesOf(texts, views);
     warnings.erase(std::remove_if(warnings.begin(), warnings.end(),
-                                  [&](const LintWarning& warning) { return isSilenced(warning, disabled, directives); }),
+                                  [&](const LintWarning& warning) {
+                                      return isSilenced(warning, disabled, directives, firstLines);
+                                  }),
                    warnings.end());
     sortByPlace(warnings, texts);
 
