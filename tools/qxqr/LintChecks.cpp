@@ -71,21 +71,30 @@ std::optional<std::string> nearestName(const std::string& name, const std::vecto
     return nearest;
 }
 
+// --set binds its names into the conditions alone: in an include path a
+// name given with --set stays as written, as an unknown one does.
 void unknownVariables(Warnings& warnings, const Rule& rule, const LintSettings& settings)
 {
-    std::vector<std::string> known = builtInVariables;
-    known.insert(known.end(), settings.declaredVariables.begin(), settings.declaredVariables.end());
+    std::vector<std::string> inConditions = builtInVariables;
+    inConditions.insert(inConditions.end(), settings.declaredVariables.begin(), settings.declaredVariables.end());
     std::set<std::string> reported;
-    for (const Node* path : pathsOf(rule)) {
-        for (const std::string& name : path->variables) {
+    const auto check = [&](const Node& path, const std::vector<std::string>& known) {
+        for (const std::string& name : path.variables) {
             if (std::find(known.begin(), known.end(), name) != known.end() || !reported.insert(name).second)
                 continue;
             std::string message = "unknown variable $" + name + " stays in the text as written";
-            if (const std::optional<std::string> nearest = nearestName(name, known))
+            if (settings.declaredVariables.count(name))
+                message += ": --set binds conditions only and does not reach include paths";
+            else if (const std::optional<std::string> nearest = nearestName(name, known))
                 message += "; did you mean $" + *nearest + "?";
             warn(warnings, rule, "unknown-variable", message);
         }
-    }
+    };
+    for (const Node& node : rule.condition.nodes)
+        if (node.kind == NodeKind::Path)
+            check(node, inConditions);
+    for (const Node& path : rule.paths)
+        check(path, builtInVariables);
 }
 
 // A literal that names a directory rather than a file: no variables, no
