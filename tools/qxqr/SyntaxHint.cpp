@@ -136,11 +136,13 @@ std::optional<Mending> doubleNot(const std::string& line)
 std::optional<Mending> literalOnTheLeft(const std::string& line)
 {
     static const std::regex pattern(R"(\b(true|false)([ \t]*(==|!=|exists\b|in\b|not in\b)))");
-    const std::optional<std::string> mended = replacedFirst(line, pattern, "\"$1\"$2");
-    if (!mended)
+    std::smatch match;
+    if (!std::regex_search(line, match, pattern))
         return std::nullopt;
-    return Mending{*mended, "true and false are literals, never the path on the left of a comparison; a path of "
-                            "that name is quoted: \"true\""};
+    const std::string literal = match[1].str();
+    return Mending{match.prefix().str() + "\"" + literal + "\"" + match[2].str() + match.suffix().str(),
+                   literal + " is a literal, never the path on the left of a comparison; a path of that name is "
+                             "quoted: \"" + literal + "\""};
 }
 
 std::optional<Mending> emptyQuotedPath(const std::string& line)
