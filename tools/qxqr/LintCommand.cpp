@@ -44,7 +44,7 @@ bool isSilenced(const LintWarning& warning, const std::vector<std::string>& disa
 {
     if (std::find(disabled.begin(), disabled.end(), warning.check) != disabled.end())
         return true;
-    const auto script = directives.find(warning.rule->script);
+    const auto script = directives.find(warning.script);
     const auto firstLine = firstLines.find(warning.rule);
     return script != directives.end() && firstLine != firstLines.end() &&
            script->second.disabledBefore(firstLine->second).count(warning.check);
@@ -55,23 +55,36 @@ void sortByPlace(std::vector<LintWarning>& warnings, const ScriptTexts& scripts)
 {
     auto order = [&](const LintWarning& warning) {
         const auto script = std::find_if(scripts.begin(), scripts.end(),
-                                         [&](const ScriptText& text) { return text.name == warning.rule->script; });
-        return std::make_pair(script - scripts.begin(), warning.rule->line);
+                                         [&](const ScriptText& text) { return text.name == warning.script; });
+        return std::make_pair(script - scripts.begin(), warning.line);
     };
     std::stable_sort(warnings.begin(), warnings.end(),
                      [&](const LintWarning& a, const LintWarning& b) { return order(a) < order(b); });
 }
 
+// What a directive that turns off less than it says is warned about as;
+// no check, so nothing turns it off.
+const char* const directiveFault = "lint-directive";
+
+void addDirectiveFaults(std::vector<LintWarning>& warnings, const DirectivesByScript& directives)
+{
+    for (const auto& [script, ofScript] : directives)
+        for (const DirectiveFault& fault : ofScript.faults(lintCheckNames()))
+            warnings.push_back({nullptr, script, fault.line, directiveFault, fault.message});
+}
+
 std::string asText(const LintWarning& warning)
 {
-    return warning.rule->script + ":" + std::to_string(warning.rule->line) + ": warning: " + warning.message + " [" +
+    return warning.script + ":" + std::to_string(warning.line) + ": warning: " + warning.message + " [" +
            warning.check + "]\n";
 }
 
-nlohmann::json asJson(const LintWarning& warning)
+// JSON names a script as given, as its "scripts" list does, rather than by
+// the name that text output quotes.
+nlohmann::json asJson(const LintWarning& warning, const std::map<std::string, std::string>& givenNames)
 {
-    return {{"script", warning.rule->script},
-            {"line", warning.rule->line},
+    return {{"script", givenNames.at(warning.script)},
+            {"line", warning.line},
             {"check", warning.check},
             {"message", warning.message}};
 }
@@ -112,13 +125,17 @@ Result LintCommand::run(OperandReader&)
                                       return isSilenced(warning, disabled, directives, firstLines);
                                   }),
                    warnings.end());
+    addDirectiveFaults(warnings, directives);
     sortByPlace(warnings, texts);
 
     Result result;
     if (format.isJson()) {
+        std::map<std::string, std::string> givenNames;
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            givenNames.emplace(texts[i].name, scripts[i]);
         nlohmann::json list = nlohmann::json::array();
         for (const LintWarning& warning : warnings)
-            list.push_back(asJson(warning));
+            list.push_back(asJson(warning, givenNames));
         result.out = jsonDocument({{"scripts", scripts}, {"warnings", list}});
     } else {
         for (const LintWarning& warning : warnings)
