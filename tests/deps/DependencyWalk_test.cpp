@@ -220,5 +220,24 @@ TEST_F(DependencyWalkTest, AMalformedLibraryIsAProblemNamingIt)
     EXPECT_EQ(lines[3], "needed /usr/lib/libgood.so.1 kept (/app/bin/app)");
 }
 
+// Every object that needs the name of a file that cannot be used meets that
+// file again, in one process and in the next; it is told once.
+TEST_F(DependencyWalkTest, AFileThatCannotBeUsedIsToldOnceHoweverManyNeedIt)
+{
+    program({"libbad.so.1", "liba.so.1"});
+    root.file("usr/lib/libbad.so.1", "INPUT(-lbad)\n");
+    library("/usr/lib/liba.so.1", {"libbad.so.1"});
+    EXPECT_EQ(walk({"app/bin/app", "app/bin/app"}),
+              (Lines{
+                  "problem /usr/lib/libbad.so.1: not an ELF file (needed by " + root.path("app/bin/app") + ")",
+                  "start /app/bin/app kept",
+                  "interpreter /lib64/ld.so kept (/app/bin/app)",
+                  "needed /usr/lib/liba.so.1 kept (/app/bin/app)",
+                  "start /app/bin/app kept",
+                  "interpreter /lib64/ld.so kept (/app/bin/app)",
+                  "needed /usr/lib/liba.so.1 kept (/app/bin/app)",
+              }));
+}
+
 } // namespace
 } // namespace qxqr

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <utility>
 
 namespace qxqr {
 namespace {
@@ -174,6 +175,28 @@ TEST_F(LibrarySearchTest, ALibraryOfTheOtherByteOrderStopsTheSearch)
     ElfObject object = objectWith("/first:/second", std::nullopt);
     EXPECT_EQ(find("libx.so.1", loaded("/app/app", object)),
               "failed: /first/libx.so.1: an ELF file of the other byte order");
+}
+
+// The loader checks the machine before the type: a relocatable object of
+// another machine is passed over, one of the program's machine is the
+// loader's to load, and only a shared object can be loaded.
+TEST_F(LibrarySearchTest, AnElfFileOfTheRightKindThatIsNoSharedObjectStopsTheSearch)
+{
+    ElfImage otherMachine = ElfImage::library();
+    otherMachine.kind.machine = EM_AARCH64;
+    otherMachine.type = ET_REL;
+    put("/first/libx.so.1", otherMachine);
+    put("/third/libx.so.1");
+    ElfObject object = objectWith("/first:/second:/third", std::nullopt);
+    EXPECT_EQ(find("libx.so.1", loaded("/app/app", object)), "/third/libx.so.1");
+
+    for (auto [type, name] : {std::pair{ET_REL, "ET_REL"}, {ET_CORE, "ET_CORE"}, {ET_EXEC, "ET_EXEC"}}) {
+        ElfImage image = ElfImage::library();
+        image.type = type;
+        put("/second/libx.so.1", image);
+        EXPECT_EQ(find("libx.so.1", loaded("/app/app", object)),
+                  std::string("failed: /second/libx.so.1: not a shared object (") + name + ")");
+    }
 }
 
 TEST_F(LibrarySearchTest, AFileThatIsNoElfFileStopsTheSearch)

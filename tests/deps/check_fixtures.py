@@ -263,15 +263,32 @@ def check_forms(qxqr, b):
               f"--copy-to wrote through a symbolic link: {again.stderr}")
 
 
+def check_missing_include(qxqr, b):
+    """An included file that is not there is told as not found, included by the file whose rule named it,
+    in the text form and in the paths form alike."""
+    program = b.program("missing/bin/app")
+    with open(b.path("missing.rules"), "w") as rules:
+        rules.write("include $vantor/plugins/libgone.so if $dir == $vantor/bin\n")
+    told = f"{b.path('missing/plugins/libgone.so')}: not found (included by {program})"
+    common = ["--root", b.path("missing"), b.path("missing.rules"), "--"]
+    text = run_deps(qxqr, common + [program])
+    check(text.returncode == 1 and told + "\n" in text.stdout, f"a missing include, text form:\n{text.stdout}")
+    paths = run_deps(qxqr, ["--format", "paths"] + common + [program])
+    check(paths.returncode == 1 and paths.stderr == f"qxqr: {told}\n",
+          f"a missing include, paths form:\n{paths.stderr}")
+
+
 def check_problems(qxqr, b):
-    """Files that are no loadable ELF file: a message naming each, and the walk goes on."""
+    """Files that are no loadable ELF file: a message naming each, once however many objects need it,
+    and the walk goes on."""
     good = b.library("problems/good/libx.so.1")
+    b.library("problems/good/liby.so.1", ["problems/good/libx.so.1"])  # needs libx too, through the same path
     with open(good, "rb") as whole:
         cut = whole.read()[:40]
     os.makedirs(b.path("problems/bad"))
     with open(b.path("problems/bad/libx.so.1"), "wb") as bad:
         bad.write(cut)
-    program = b.program("problems/app", ["problems/good/libx.so.1"],
+    program = b.program("problems/app", ["problems/good/libx.so.1", "problems/good/liby.so.1"],
                         [f"-Wl,--disable-new-dtags,-rpath,{b.path('problems/bad')}:{b.path('problems/good')}"])
     with open(b.path("problems/notes.txt"), "w") as notes:
         notes.write("hello\n")
@@ -285,7 +302,8 @@ def check_problems(qxqr, b):
           f"problems with start files:\n{run.stderr}")
     check(len(lines) == 3 and lines[2].startswith(f"qxqr: {b.path('problems/bad/libx.so.1')}: ")
           and lines[2].endswith(f" (needed by {program})"), f"a malformed library:\n{run.stderr}")
-    check("libc.so.6" in run.stdout, f"the walk goes on after the problems:\n{run.stdout}")
+    check("libc.so.6" in run.stdout and b.path("problems/good/liby.so.1") in run.stdout,
+          f"the walk goes on after the problems:\n{run.stdout}")
 
 
 def check_sysroot(qxqr, b):
@@ -313,6 +331,25 @@ def check_sysroot(qxqr, b):
         with open(b.path(f"{inside}/outside/{name}"), "rb") as original, \
                 open(b.path(f"sysroot-copy/{name}"), "rb") as copy:
             check(copy.read() == original.read(), f"--copy-to under --sysroot copies the {name} of the root")
+
+    # The rules see the files where they are read, DIR in front, as the
+    # output names them, and --root is given so too; a rule written for the
+    # system under DIR holds there with DIR bound to a variable in front of
+    # its paths (see docs/deps.md).
+    os.makedirs(b.path("sysroot/etc"), exist_ok=True)
+    with open(b.path("sysroot/etc/app.conf"), "w") as settings:
+        settings.write("setting\n")
+    with open(b.path("sysroot.rules"), "w") as rules:
+        rules.write("exclude if $file in [/lib/libt, $sysroot/usr/lib/libs]\n"
+                    "include $vantor/etc/app.conf if $file == $sysroot/usr/bin/app\n")
+    run = run_deps(qxqr, ["--sysroot", root, "--allow-missing", "--set", f"sysroot={root}", "--root", root,
+                          "--copy-to", b.path("sysroot-rules-copy"), b.path("sysroot.rules"), "--", program])
+    copied = sorted(os.listdir(b.path("sysroot-rules-copy"))) if os.path.isdir(b.path("sysroot-rules-copy")) else []
+    check(run.returncode == 0 and f"{root}/usr/lib/libs.so.1: excluded (needed by {program})\n" in run.stdout
+          and f"{root}/lib/libt.so.1: kept (needed by {program})\n" in run.stdout
+          and f"{root}/etc/app.conf: kept (included by {program})\n" in run.stdout
+          and copied == ["app.conf", "libt.so.1"],
+          f"rules under --sysroot: status {run.returncode}, copied {copied}\n{run.stdout}{run.stderr}")
 
 
 def check_start_files_apart(qxqr, b):
@@ -452,6 +489,7 @@ def main():
         builder = Builder(arguments.compiler, root)
         build_and_check_closures(qxqr, builder, arguments.compiler)
         check_forms(qxqr, builder)
+        check_missing_include(qxqr, builder)
         check_problems(qxqr, builder)
         check_sysroot(qxqr, builder)
         check_start_files_apart(qxqr, builder)

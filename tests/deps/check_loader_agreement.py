@@ -10,7 +10,9 @@ paths of the libraries found, and the names that nothing answers. ldd's
 linux-vdso, which the kernel provides and no file holds, is left out. A
 file that is no dynamically linked program (a script, a static program)
 gets an empty set from both. A message of qxqr deps other than a name not
-found, for a file that ldd lists libraries for, is a difference too. Every
+found, for a file that ldd lists libraries for, is a difference too, and
+so is its exit status: with --allow-missing, 0 for such a file; for any
+other file 0, or 1 with every message naming a file it cannot use. Every
 file whose sets differ is printed with both sets, and the check fails.
 """
 
@@ -77,7 +79,7 @@ def loader_sets(programs, jobs):
 
 
 def deps_set(qxqr, path):
-    """qxqr deps's set for one file, and its messages other than the names not found."""
+    """qxqr deps's set for one file, its messages other than the names not found, and its exit status."""
     run = subprocess.run([qxqr, "deps", "--format", "paths", "--allow-missing", "--", path], stdout=subprocess.PIPE,
                          stderr=subprocess.PIPE, text=True, errors="surrogateescape")
     found = {os.path.realpath(line) for line in run.stdout.splitlines()}
@@ -88,7 +90,15 @@ def deps_set(qxqr, path):
             found.add("not found: " + missing.group(1))
         else:
             messages.append(line)
-    return found, messages
+    return found, messages, run.returncode
+
+
+def status_expected(status, messages, listed):
+    """Whether qxqr deps ended as it should: every need of a program the loader lists is answered or
+    allowed missing; a file that is no dynamically linked program fails only with a message naming it."""
+    if listed:
+        return status == 0
+    return status == 0 or (status == 1 and messages and all(message.startswith("qxqr: ") for message in messages))
 
 
 def deps_sets(qxqr, paths, jobs):
@@ -111,11 +121,12 @@ def main():
     differing = 0
     for path in paths:
         expected = loaders.get(path, set())
-        found, messages = ours[path]
-        if found != expected or (expected and messages):
+        found, messages, status = ours[path]
+        if found != expected or (expected and messages) or not status_expected(status, messages, bool(expected)):
             differing += 1
-            print(f"{path}: qxqr deps and ldd differ\n  qxqr deps: {sorted(found)}\n  ldd:       {sorted(expected)}"
-                  + "".join(f"\n  {message}" for message in messages), file=sys.stderr)
+            print(f"{path}: qxqr deps and ldd differ\n  qxqr deps: {sorted(found)} (exit status {status})\n"
+                  f"  ldd:       {sorted(expected)}" + "".join(f"\n  {message}" for message in messages),
+                  file=sys.stderr)
     print(f"{len(paths) - differing} of {len(paths)} files agree")
     return 1 if differing else 0
 

@@ -22,7 +22,12 @@ class Builder:
         source_file = self.path(output) + ".c"
         with open(source_file, "w") as file:
             file.write(source)
-        subprocess.run([self.compiler, "-x", "c", source_file, "-x", "none", "-o", self.path(output)] + flags,
+        # The C++ driver adds its own libraries (libstdc++, libm) at the end;
+        # --as-needed drops them from what needs none of their functions,
+        # whatever the compiler's default, so that the fixtures need only
+        # what they name.
+        subprocess.run([self.compiler, "-Wl,--as-needed", "-x", "c", source_file, "-x", "none",
+                        "-o", self.path(output)] + flags,
                        check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.remove(source_file)
         return self.path(output)

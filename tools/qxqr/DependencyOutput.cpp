@@ -18,6 +18,18 @@ const char* nameOf(Link link)
     return "start";
 }
 
+const char* relationOf(Link link)
+{
+    switch (link) {
+    case Link::interpreter:
+        return "interpreter of ";
+    case Link::included:
+        return "included by ";
+    default:
+        return "needed by ";
+    }
+}
+
 const char* fateName(const Dependency& dependency)
 {
     return dependency.found ? nameOf(dependency.visit.fate) : "not found";

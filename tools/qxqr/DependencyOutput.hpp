@@ -15,6 +15,10 @@ namespace qxqr {
 
 const char* nameOf(Link link);
 
+// What a dependency is to its caller, as the outputs say it before the
+// caller's name: "needed by ", "interpreter of ", "included by ".
+const char* relationOf(Link link);
+
 // A dependency's fate as the output names it: "kept", "excluded",
 // "pruned", or "not found".
 const char* fateName(const Dependency& dependency);

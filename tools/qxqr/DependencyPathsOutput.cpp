@@ -18,7 +18,7 @@ public:
         if (dependency.found)
             writeStandardOutput(dependency.visit.file + "\n");
         else
-            missing += "qxqr: " + quotedName(dependency.name) + ": not found (needed by " +
+            missing += "qxqr: " + quotedName(dependency.name) + ": not found (" + relationOf(dependency.link) +
                        quotedName(dependency.visit.caller.value_or("")) + ")\n";
     }
 

@@ -8,19 +8,6 @@ namespace qxqr {
 
 namespace {
 
-// "needed by", "interpreter of", "included by".
-std::string relation(Link link)
-{
-    switch (link) {
-    case Link::interpreter:
-        return "interpreter of ";
-    case Link::included:
-        return "included by ";
-    default:
-        return "needed by ";
-    }
-}
-
 class TextOutput : public DependencyOutput {
 public:
     explicit TextOutput(bool explain) : explain(explain) {}
@@ -29,7 +16,7 @@ public:
     {
         std::string text = quotedName(dependency.visit.file) + ": " + fateName(dependency);
         if (dependency.visit.caller)
-            text += " (" + relation(dependency.link) + quotedName(*dependency.visit.caller) + ")";
+            text += " (" + std::string(relationOf(dependency.link)) + quotedName(*dependency.visit.caller) + ")";
         text += "\n";
         if (explain && dependency.visit.rule)
             text += MatchText(*dependency.visit.rule).indented("    ");

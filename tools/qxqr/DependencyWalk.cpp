@@ -24,7 +24,7 @@ public:
     {
         const ElfFile& file = walk.files.at(start);
         if (file.state != ElfFile::State::elf) {
-            report.problem(start, reasonOf(file));
+            problem(start, reasonOf(file));
             return;
         }
         this->start = start;
@@ -74,6 +74,15 @@ private:
         default:
             return file.problem;
         }
+    }
+
+    // A file that cannot be used is told once in a walk, with the first file
+    // that led to it: every object that needs its name, in this process or
+    // another, finds it again and would tell the same.
+    void problem(const std::string& file, const std::string& reason)
+    {
+        if (walk.filesTold.insert(file).second)
+            report.problem(file, reason);
     }
 
     MetFile& meet(const std::string& name, Link link, const ElfFile& file, Visit verdict)
@@ -130,7 +139,7 @@ private:
         }
         const std::string file = walk.search.hostPath(resolution.path);
         if (resolution.outcome == Resolution::Outcome::failed) {
-            report.problem(file, resolution.problem + " (needed by " + quotedName(caller.file()) + ")");
+            problem(file, resolution.problem + " (needed by " + quotedName(caller.file()) + ")");
             return;
         }
         const ElfFile& found = walk.files.at(file);
@@ -154,7 +163,7 @@ private:
             return;
         }
         if (found.state == ElfFile::State::broken || found.state == ElfFile::State::denied) {
-            report.problem(included, found.problem + " (included by " + quotedName(caller.file()) + ")");
+            problem(included, found.problem + " (included by " + quotedName(caller.file()) + ")");
             return;
         }
         auto same = metByIdentity.find(found.identity);

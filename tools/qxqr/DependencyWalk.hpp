@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 
 namespace qxqr {
@@ -31,7 +32,8 @@ struct Dependency {
 
 // What a walk tells: each file of a start file's closure (once the closure
 // is known), and, as it goes, each file it cannot read or use (with the
-// reason), after which it goes on.
+// reason, once in a walk however many files lead to it), after which it
+// goes on.
 struct DependencyReport {
     std::function<void(const Dependency&)> met;
     std::function<void(const std::string& file, const std::string& reason)> problem;
@@ -80,6 +82,7 @@ private:
     QuorelScript::Rules* rules;
     LibrarySearch& search;
     ElfFiles& files;
+    std::set<std::string> filesTold;  // the files that cannot be used, told already
 };
 
 } // namespace qxqr

@@ -4,6 +4,8 @@
 #include "LoaderPlatform.hpp"
 #include "RootedPath.hpp"
 
+#include <elf.h>
+
 #include <filesystem>
 #include <utility>
 
@@ -19,6 +21,21 @@ void append(std::vector<std::string>& to, const std::vector<std::string>& more)
 std::string joined(const std::string& directory, const std::string& name)
 {
     return directory.empty() || directory.back() == '/' ? directory + name : directory + "/" + name;
+}
+
+// ET_EXEC, ET_REL, ET_CORE, or the number of another type.
+std::string typeName(unsigned type)
+{
+    switch (type) {
+    case ET_EXEC:
+        return "ET_EXEC";
+    case ET_REL:
+        return "ET_REL";
+    case ET_CORE:
+        return "ET_CORE";
+    default:
+        return "type " + std::to_string(type);
+    }
 }
 
 const LoadedObject& programOf(const LoadedObject& object)
@@ -107,16 +124,20 @@ Resolution LibrarySearch::probe(const std::string& candidate, const ElfKind& kin
     case ElfFile::State::elf:
         break;
     }
-    // The loader checks the class before the byte order, and the byte
-    // order before the machine; only the byte order is past mending.
+    // The loader checks the class before the byte order, the byte order
+    // before the machine, and the machine before the type; a file of its
+    // own kind that is no shared object is its to load, and it cannot.
     const ElfKind& found = file.object->kind;
     if (found.elfClass == kind.elfClass && found.byteOrder != kind.byteOrder)
         return {Resolution::Outcome::failed, candidate, "an ELF file of the other byte order"};
-    if (found == kind)
-        return {Resolution::Outcome::found, candidate, ""};
-    if (lastChance)
-        return {Resolution::Outcome::failed, candidate, "an ELF file of another class or machine"};
-    return {};
+    if (found != kind) {
+        if (lastChance)
+            return {Resolution::Outcome::failed, candidate, "an ELF file of another class or machine"};
+        return {};
+    }
+    if (file.object->type != ET_DYN)
+        return {Resolution::Outcome::failed, candidate, "not a shared object (" + typeName(file.object->type) + ")"};
+    return {Resolution::Outcome::found, candidate, ""};
 }
 
 } // namespace qxqr

@@ -50,7 +50,9 @@ struct Resolution {
 // A file of another class or machine is passed over and the search goes
 // on; an absent or unreadable file too. A file that is there but is no
 // loadable ELF file (not ELF, malformed, of the same class in the other
-// byte order) stops the search, as it stops the loader.
+// byte order, or of the right kind but no shared object: a program, a
+// relocatable object, a core file) stops the search, as it stops the
+// loader.
 class LibrarySearch {
 public:
     LibrarySearch(SearchSettings settings, ElfFiles& files);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "LintChecks.hpp"
 
+#include "NearestName.hpp"
+
 #include <algorithm>
 #include <map>
 #include <optional>
@@ -23,7 +25,7 @@ typedef std::vector<LintWarning> Warnings;
 
 void warn(Warnings& warnings, const Rule& rule, const char* check, const std::string& message)
 {
-    warnings.push_back({&rule, check, message});
+    warnings.push_back({&rule, rule.script, rule.line, check, message});
 }
 
 // Every path of a rule: those of its condition, then its include list.
@@ -38,55 +40,30 @@ std::vector<const Node*> pathsOf(const Rule& rule)
     return paths;
 }
 
-// How many single-character edits turn `a` into `b`.
-std::size_t editDistance(const std::string& a, const std::string& b)
-{
-    std::vector<std::size_t> row(b.size() + 1);
-    for (std::size_t j = 0; j <= b.size(); ++j)
-        row[j] = j;
-    for (std::size_t i = 1; i <= a.size(); ++i) {
-        std::size_t diagonal = row[0];
-        row[0] = i;
-        for (std::size_t j = 1; j <= b.size(); ++j) {
-            const std::size_t above = row[j];
-            row[j] = std::min({row[j] + 1, row[j - 1] + 1, diagonal + (a[i - 1] == b[j - 1] ? 0 : 1)});
-            diagonal = above;
-        }
-    }
-    return row[b.size()];
-}
-
-// The known name nearest to `name`, if one is at most two edits away and
-// nearer than the name is long.
-std::optional<std::string> nearestName(const std::string& name, const std::vector<std::string>& known)
-{
-    std::optional<std::string> nearest;
-    std::size_t best = std::min<std::size_t>(3, name.size());
-    for (const std::string& candidate : known) {
-        const std::size_t distance = editDistance(name, candidate);
-        if (distance < best) {
-            best = distance;
-            nearest = candidate;
-        }
-    }
-    return nearest;
-}
-
+// --set binds its names into the conditions alone: in an include path a
+// name given with --set stays as written, as an unknown one does.
 void unknownVariables(Warnings& warnings, const Rule& rule, const LintSettings& settings)
 {
-    std::vector<std::string> known = builtInVariables;
-    known.insert(known.end(), settings.declaredVariables.begin(), settings.declaredVariables.end());
+    std::vector<std::string> inConditions = builtInVariables;
+    inConditions.insert(inConditions.end(), settings.declaredVariables.begin(), settings.declaredVariables.end());
     std::set<std::string> reported;
-    for (const Node* path : pathsOf(rule)) {
-        for (const std::string& name : path->variables) {
+    const auto check = [&](const Node& path, const std::vector<std::string>& known) {
+        for (const std::string& name : path.variables) {
             if (std::find(known.begin(), known.end(), name) != known.end() || !reported.insert(name).second)
                 continue;
             std::string message = "unknown variable $" + name + " stays in the text as written";
-            if (const std::optional<std::string> nearest = nearestName(name, known))
+            if (settings.declaredVariables.count(name))
+                message += ": --set binds conditions only and does not reach include paths";
+            else if (const std::optional<std::string> nearest = nearestName(name, known))
                 message += "; did you mean $" + *nearest + "?";
             warn(warnings, rule, "unknown-variable", message);
         }
-    }
+    };
+    for (const Node& node : rule.condition.nodes)
+        if (node.kind == NodeKind::Path)
+            check(node, inConditions);
+    for (const Node& path : rule.paths)
+        check(path, builtInVariables);
 }
 
 // A literal that names a directory rather than a file: no variables, no

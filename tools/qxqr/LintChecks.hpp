@@ -12,8 +12,11 @@ namespace qxqr {
 
 // One thing a script says that is probably not what its author meant.
 struct LintWarning {
-    const QuorelScript::Observe::Rule* rule;  // the rule it is about
-    std::string check;                         // the check's name, as --disable takes it
+    // The rule it is about; none for a warning about a script's directive.
+    const QuorelScript::Observe::Rule* rule;
+    std::string script;  // the script's name as the library knows it
+    long line;           // the rule's recorded line, or the directive's
+    std::string check;   // the check's name, as --disable takes it
     std::string message;
 };
 

@@ -4,6 +4,7 @@
 #include "Assignment.hpp"
 #include "LintChecks.hpp"
 #include "LintDirectives.hpp"
+#include "RuleFirstLines.hpp"
 #include "ScriptLoader.hpp"
 
 #include <qxqrscript/observe.hpp>
@@ -28,13 +29,6 @@ std::string checkName(const std::string& name)
     return "unknown check '" + name + "' (the checks: " + known + ")";
 }
 
-// The line on which the rule begins: its recorded line is where its
-// condition ends, after any continuation lines of its text.
-long firstLineOf(const QuorelScript::Observe::Rule& rule)
-{
-    return rule.line - static_cast<long>(std::count(rule.text.begin(), rule.text.end(), '\n'));
-}
-
 // Each script's directives, by the name the library knows it by.
 typedef std::map<std::string, ScriptDirectives> DirectivesByScript;
 
@@ -47,12 +41,14 @@ DirectivesByScript directivesOf(const ScriptTexts& texts)
 }
 
 bool isSilenced(const LintWarning& warning, const std::vector<std::string>& disabled,
-                const DirectivesByScript& directives)
+                const DirectivesByScript& directives, const FirstLines& firstLines)
 {
     if (std::find(disabled.begin(), disabled.end(), warning.check) != disabled.end())
         return true;
-    const auto script = directives.find(warning.rule->script);
-    return script != directives.end() && script->second.disabledBefore(firstLineOf(*warning.rule)).count(warning.check);
+    const auto script = directives.find(warning.script);
+    const auto firstLine = firstLines.find(warning.rule);
+    return script != directives.end() && firstLine != firstLines.end() &&
+           script->second.disabledBefore(firstLine->second).count(warning.check);
 }
 
 // In the order of the scripts as given, then of their lines.
@@ -60,23 +56,36 @@ void sortByPlace(std::vector<LintWarning>& warnings, const ScriptTexts& scripts)
 {
     auto order = [&](const LintWarning& warning) {
         const auto script = std::find_if(scripts.begin(), scripts.end(),
-                                         [&](const ScriptText& text) { return text.name == warning.rule->script; });
-        return std::make_pair(script - scripts.begin(), warning.rule->line);
+                                         [&](const ScriptText& text) { return text.name == warning.script; });
+        return std::make_pair(script - scripts.begin(), warning.line);
     };
     std::stable_sort(warnings.begin(), warnings.end(),
                      [&](const LintWarning& a, const LintWarning& b) { return order(a) < order(b); });
 }
 
+// What a directive that turns off less than it says is warned about as;
+// no check, so nothing turns it off.
+const char* const directiveFault = "lint-directive";
+
+void addDirectiveFaults(std::vector<LintWarning>& warnings, const DirectivesByScript& directives)
+{
+    for (const auto& [script, ofScript] : directives)
+        for (const DirectiveFault& fault : ofScript.faults(lintCheckNames()))
+            warnings.push_back({nullptr, script, fault.line, directiveFault, fault.message});
+}
+
 std::string asText(const LintWarning& warning)
 {
-    return warning.rule->script + ":" + std::to_string(warning.rule->line) + ": warning: " + warning.message + " [" +
+    return warning.script + ":" + std::to_string(warning.line) + ": warning: " + warning.message + " [" +
            warning.check + "]\n";
 }
 
-nlohmann::json asJson(const LintWarning& warning)
+// JSON names a script as given, as its "scripts" list does, rather than by
+// the name that text output quotes.
+nlohmann::json asJson(const LintWarning& warning, const std::map<std::string, std::string>& givenNames)
 {
-    return {{"script", warning.rule->script},
-            {"line", warning.rule->line},
+    return {{"script", givenNames.at(warning.script)},
+            {"line", warning.line},
             {"check", warning.check},
             {"message", warning.message}};
 }
@@ -111,16 +120,23 @@ Result LintCommand::run(OperandReader&)
     const std::vector<QuorelScript::Observe::Rule> views = QuorelScript::Observe::rulesOf(*rules);
     std::vector<LintWarning> warnings = lintRules(views, settings);
     const DirectivesByScript directives = directivesOf(texts);
+    const FirstLines firstLines = firstLinesOf(texts, views);
     warnings.erase(std::remove_if(warnings.begin(), warnings.end(),
-                                  [&](const LintWarning& warning) { return isSilenced(warning, disabled, directives); }),
+                                  [&](const LintWarning& warning) {
+                                      return isSilenced(warning, disabled, directives, firstLines);
+                                  }),
                    warnings.end());
+    addDirectiveFaults(warnings, directives);
     sortByPlace(warnings, texts);
 
     Result result;
     if (format.isJson()) {
+        std::map<std::string, std::string> givenNames;
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            givenNames.emplace(texts[i].name, scripts[i]);
         nlohmann::json list = nlohmann::json::array();
         for (const LintWarning& warning : warnings)
-            list.push_back(asJson(warning));
+            list.push_back(asJson(warning, givenNames));
         result.out = jsonDocument({{"scripts", scripts}, {"warnings", list}});
     } else {
         for (const LintWarning& warning : warnings)

@@ -97,18 +97,24 @@ std::optional<Mending> blankBeforeClosingBracket(const std::string& line)
                    "no blank may stand before ']' after a list's first path: write " + list};
 }
 
+const std::vector<std::string> keywords = {"exclude", "prune", "include", "if",     "unless", "and",
+                                           "or",      "not",   "in",      "exists", "true",   "false"};
+
+bool isKeyword(const std::string& word)
+{
+    return std::find(keywords.begin(), keywords.end(), word) != keywords.end();
+}
+
 std::optional<Mending> upperCaseKeyword(const std::string& line)
 {
     static const std::regex word(R"([A-Za-z]+)");
-    static const std::vector<std::string> keywords = {"exclude", "prune",  "include", "if",    "unless", "and",
-                                                      "or",      "not",    "in",      "exists", "true",  "false"};
     std::string mended = line;
     std::string first;
     for (auto it = std::sregex_iterator(line.begin(), line.end(), word); it != std::sregex_iterator(); ++it) {
         std::string lower = it->str();
         for (char& c : lower)
             c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-        if (lower == it->str() || std::find(keywords.begin(), keywords.end(), lower) == keywords.end())
+        if (lower == it->str() || !isKeyword(lower))
             continue;
         mended.replace(static_cast<std::string::size_type>(it->position()), lower.size(), lower);
         if (first.empty())
@@ -131,11 +137,13 @@ std::optional<Mending> doubleNot(const std::string& line)
 std::optional<Mending> literalOnTheLeft(const std::string& line)
 {
     static const std::regex pattern(R"(\b(true|false)([ \t]*(==|!=|exists\b|in\b|not in\b)))");
-    const std::optional<std::string> mended = replacedFirst(line, pattern, "\"$1\"$2");
-    if (!mended)
+    std::smatch match;
+    if (!std::regex_search(line, match, pattern))
         return std::nullopt;
-    return Mending{*mended, "true and false are literals, never the path on the left of a comparison; a path of "
-                            "that name is quoted: \"true\""};
+    const std::string literal = match[1].str();
+    return Mending{match.prefix().str() + "\"" + literal + "\"" + match[2].str() + match.suffix().str(),
+                   literal + " is a literal, never the path on the left of a comparison; a path of that name is "
+                             "quoted: \"" + literal + "\""};
 }
 
 std::optional<Mending> emptyQuotedPath(const std::string& line)
@@ -147,14 +155,63 @@ std::optional<Mending> emptyQuotedPath(const std::string& line)
     return Mending{*mended, "a quoted path cannot be empty"};
 }
 
-// A path on the right of == or != that holds blanks, unquoted.
+bool isPathCharacter(char c)
+{
+    return std::isalnum(static_cast<unsigned char>(c)) || std::string("_$/\\:.#?*").find(c) != std::string::npos;
+}
+
+// The spans (start, end) of the runs of two or more words of path
+// characters that blanks alone part, none of the words a keyword: where a
+// path was read and ended at its first blank.
+std::vector<std::pair<std::size_t, std::size_t>> blankPartedWords(const std::string& line)
+{
+    std::vector<std::pair<std::size_t, std::size_t>> runs;
+    std::optional<std::pair<std::size_t, std::size_t>> run;
+    std::size_t words = 0;
+    const auto close = [&] {
+        if (run && words >= 2)
+            runs.push_back(*run);
+        run.reset();
+        words = 0;
+    };
+    for (std::size_t at = 0; at < line.size();) {
+        if (!isPathCharacter(line[at])) {
+            const std::size_t next = line.find_first_not_of(" \t", at);
+            if (next == at || next == std::string::npos || !isPathCharacter(line[next]))
+                close();
+            at = next == at ? at + 1 : next;
+            continue;
+        }
+        std::size_t end = at;
+        while (end < line.size() && isPathCharacter(line[end]))
+            ++end;
+        if (isKeyword(line.substr(at, end - at))) {
+            close();
+        } else {
+            run = run ? std::make_pair(run->first, end) : std::make_pair(at, end);
+            ++words;
+        }
+        at = end;
+    }
+    close();
+    return runs;
+}
+
+// A path that holds blanks, unquoted: on the right of == or != (taken to
+// the end of the line), or wherever a path is read (each run of words that
+// blanks part, in turn); the first quoting that makes the line parse.
 std::optional<Mending> unquotedBlank(const std::string& line)
 {
-    static const std::regex pattern(R"((==|!=)([ \t]*)([^ \t"%]+([ \t]+[^ \t"%]+)+))");
-    const std::optional<std::string> mended = replacedFirst(line, pattern, "$1$2\"$3\"");
-    if (!mended)
-        return std::nullopt;
-    return Mending{*mended, "a path that holds blanks is written in double quotes"};
+    static const std::regex afterEquals(R"((==|!=)([ \t]*)([^ \t"%]+([ \t]+[^ \t"%]+)+))");
+    std::vector<std::string> quoted;
+    if (const std::optional<std::string> mended = replacedFirst(line, afterEquals, "$1$2\"$3\""))
+        quoted.push_back(*mended);
+    for (const auto& [start, end] : blankPartedWords(line))
+        quoted.push_back(line.substr(0, start) + "\"" + line.substr(start, end - start) + "\"" + line.substr(end));
+    for (const std::string& mended : quoted)
+        if (parses(mended))
+            return Mending{mended, "a path that holds blanks is written in double quotes"};
+    return std::nullopt;
 }
 
 // "0xe9"

@@ -54,7 +54,7 @@ Result WhyCommand::run(OperandReader& files)
     while (files.next(file)) {
         const FileTraces traces = traced(*rules, file, callerOrNull);
         if (document)
-            document->append(whyJson(traces));
+            document->append(whyJson(traces, variables));
         else
             writeStandardOutput(whyText(traces, variables, palette));
     }

@@ -99,7 +99,17 @@ nlohmann::json ruleJson(const RuleTrace& rule, bool decides)
     return item;
 }
 
-nlohmann::json questionJson(const QueryTrace& trace)
+// The variables as the text output names them, --set values included.
+nlohmann::json referredJson(const std::vector<ShownVariable>& shown)
+{
+    nlohmann::json referred = nlohmann::json::array();
+    for (const ShownVariable& variable : shown)
+        referred.push_back({{"name", variable.name}, {"value", nullOr(variable.value.has_value(),
+                                                                      variable.value.value_or(std::string()))}});
+    return referred;
+}
+
+nlohmann::json questionJson(const QueryTrace& trace, const WhyVariables& shown)
 {
     nlohmann::json variables = nlohmann::json::object();
     for (const auto& variable : trace.variables)
@@ -107,16 +117,19 @@ nlohmann::json questionJson(const QueryTrace& trace)
     nlohmann::json rules = nlohmann::json::array();
     for (std::size_t i = 0; i < trace.rules.size(); ++i)
         rules.push_back(ruleJson(trace.rules[i], i == trace.decidingRule));
-    return {{"answer", trace.answer}, {"variables", variables}, {"rules", rules}};
+    return {{"answer", trace.answer},
+            {"variables", variables},
+            {"referred", referredJson(shown.shown(trace))},
+            {"rules", rules}};
 }
 
 } // namespace
 
-nlohmann::json whyJson(const FileTraces& traces)
+nlohmann::json whyJson(const FileTraces& traces, const WhyVariables& variables)
 {
-    nlohmann::json item = {{"excluded", questionJson(traces.excluded)},
-                           {"pruned", questionJson(traces.pruned)},
-                           {"includes", questionJson(traces.includes)}};
+    nlohmann::json item = {{"excluded", questionJson(traces.excluded, variables)},
+                           {"pruned", questionJson(traces.pruned, variables)},
+                           {"includes", questionJson(traces.includes, variables)}};
     putName(item, "file", traces.file);
     return item;
 }
