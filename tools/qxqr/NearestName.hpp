@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_NEARESTNAME_HPP
 #define QXQR_NEARESTNAME_HPP
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef QXQR_RULEFIRSTLINES_HPP
 #define QXQR_RULEFIRSTLINES_HPP
 

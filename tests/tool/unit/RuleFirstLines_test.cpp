@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RuleFirstLines.hpp"
 
 #include "SmallStack.hpp"
