@@ -2,13 +2,15 @@
 # The installed qxqr finds the shared library without LD_LIBRARY_PATH: where
 # the library does not go to a folder that the dynamic linker searches anyway,
 # the tool's run path names that folder, relative to the tool ($ORIGIN) when
-# both lie under the prefix, so that a prefix chosen at installation time
-# (cmake --install --prefix) still works. In a system folder no run path is
-# set, as distributions want.
+# both lie under the prefix, so that another prefix chosen at installation
+# time (cmake --install --prefix) still works. For a library folder that is a
+# system one under the prefix configured, no run path is set, as
+# distributions want; such a build installed elsewhere needs the library's
+# folder made known to the dynamic linker (ld.so.conf, LD_LIBRARY_PATH).
 set(QXQR_SYSTEM_LIBDIRS ${CMAKE_PLATFORM_IMPLICIT_LINK_DIRECTORIES} ${CMAKE_CXX_IMPLICIT_LINK_DIRECTORIES})
 list(FIND QXQR_SYSTEM_LIBDIRS "${CMAKE_INSTALL_FULL_LIBDIR}" QXQR_LIBDIR_IS_SYSTEM)
-get_target_property(QXQR_LIBRARY_TYPE qxqrscript TYPE)
-if(QXQR_LIBRARY_TYPE STREQUAL SHARED_LIBRARY AND QXQR_LIBDIR_IS_SYSTEM EQUAL -1)
+get_target_property(QXQR_BUILT_LIBRARY_TYPE qxqrscript TYPE)
+if(QXQR_BUILT_LIBRARY_TYPE STREQUAL SHARED_LIBRARY AND QXQR_LIBDIR_IS_SYSTEM EQUAL -1)
     if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}" OR IS_ABSOLUTE "${CMAKE_INSTALL_BINDIR}")
         set_target_properties(qxqr PROPERTIES INSTALL_RPATH "${CMAKE_INSTALL_FULL_LIBDIR}")
     else()

@@ -7,6 +7,7 @@
 #   scripts/install-deps.sh i386    that and what the 32-bit x86 build needs
 #   scripts/install-deps.sh abi     that and what the interface check needs
 #   scripts/install-deps.sh compilers  that and the second compiler of CI
+#   scripts/install-deps.sh deb     that and what `make deb` needs
 # Quiet and quick when everything is present; the package lists are only
 # refreshed when something has to be installed.
 set -euo pipefail
@@ -23,6 +24,8 @@ case "${1:-}" in
     # clang's sanitizer runtimes come with libclang-rt-14-dev, which clang
     # only recommends.
     compilers) packages+=(g++-12 clang-14 libclang-rt-14-dev) ;;
+    # dpkg-shlibdeps, which gives the packages their dependencies.
+    deb) packages+=(dpkg-dev) ;;
 esac
 
 missing=()

@@ -65,7 +65,9 @@ fi
 
 if [[ $libdir != /* ]]; then
     cmake --install "$build_dir" --prefix "$work/runtime" --component runtime >/dev/null
-    if [ -e "$work/runtime/$includedir" ] || [ -n "$(find "$work/runtime" -name '*.pc' -o -name '*.cmake')" ]; then
+    # The unversioned name libqxqrscript.so is for linking, so for developers.
+    if [ -e "$work/runtime/$includedir" ] ||
+       [ -n "$(find "$work/runtime" -name '*.pc' -o -name '*.cmake' -o -name 'libqxqrscript.so')" ]; then
         echo "the runtime component holds files for developers:" >&2
         find "$work/runtime" >&2
         exit 1
