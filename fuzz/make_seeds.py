@@ -92,6 +92,8 @@ def elf_seeds():
     seeds["cut-in-header"] = whole[:40]
     seeds["cut-in-dynamic"] = whole[:-20]
     seeds["string-index-out-of-range"] = elf_image(True, False, ["libc.so.6"], extra=[(1, 4000)])
+    # One string named by many entries: the strings read outweigh the file.
+    seeds["one-need-named-often"] = elf_image(True, False, ["n" * 64], extra=[(1, 1)] * 100)
     return seeds
 
 

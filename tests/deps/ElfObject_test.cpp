@@ -72,6 +72,20 @@ TEST(ElfObject, AnObjectWithoutDynamicStringsHasNoNeeds)
     EXPECT_FALSE(object.noDefaultLibraries);
 }
 
+// Entries may name one string any number of times: every one is a need, so
+// the strings read may together be longer than the file.
+TEST(ElfObject, ListsANeedAsOftenAsItIsNamed)
+{
+    const std::string name(64, 'n');
+    ElfImage library = ElfImage::library({name});
+    library.extraEntries.assign(100, {DT_NEEDED, 1});
+    const std::string image = library.bytes();
+    ElfObject object = readImage(image);
+    ASSERT_EQ(object.needed.size(), 101u);
+    EXPECT_EQ(object.needed, std::vector<std::string>(101, name));
+    EXPECT_GT(object.needed.size() * name.size(), image.size());
+}
+
 TEST(ElfObject, ReadsAFileOfTheSystem)
 {
     ElfObject object = readElfFile("/proc/self/exe");
