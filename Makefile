@@ -11,8 +11,8 @@
 #                      i386, with the baseline in abi/; fails on a change
 #                      that breaks programs built against the baseline
 #   make abi-baseline  writes that baseline anew, from the same two builds
-#   make fuzz          fuzz the library with clang's libFuzzer, each target
-#                      for FUZZ_SECONDS seconds, in build-fuzz/
+#   make fuzz          fuzz the library with clang's libFuzzer, every target
+#                      at once for FUZZ_SECONDS seconds, in build-fuzz/
 #   make demo          run qxqr on the shipped example
 #   make bench         a release build in build-bench/, then the benchmark
 #                      suite, every figure beside its yardstick, and the
@@ -134,7 +134,7 @@ fuzz: deps-fuzz
 	@$(CONFIGURE) -B $(FUZZ_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
 	    -DQXQR_FUZZ=ON -DQXQR_BUILD_TESTS=OFF -DQXQR_BUILD_TOOLS=OFF >/dev/null
 	@cmake --build $(FUZZ_DIR) -j $(JOBS) --target $(addprefix fuzz_,$(FUZZ_TARGETS))
-	@for target in $(FUZZ_TARGETS); do fuzz/run.sh $(FUZZ_DIR) $$target $(FUZZ_SECONDS) || exit 1; done
+	@fuzz/run.sh $(FUZZ_DIR) $(FUZZ_SECONDS) $(FUZZ_TARGETS)
 
 demo: build
 	$(BUILD_DIR)/qxqr walk --explain --root examples/demo/install --cwd examples/demo/project \

@@ -4,18 +4,16 @@
 #include "PrintedRules.hpp"
 #include "ScriptLoader.hpp"
 
-#include <CLI/CLI.hpp>
-
 #include <sstream>
 
 namespace qxqr {
 
-CheckCommand::CheckCommand(CLI::App& qxqr)
-    : command(qxqr.add_subcommand("check", "Parse the scripts into one rule set and print it"))
+CheckCommand::CheckCommand(CommandLine& qxqr)
+    : command(qxqr, "check", "Parse the scripts into one rule set and print it")
 {
-    addScriptsOperand(*command, scripts);
-    command->add_flag("-q,--quiet", quiet, "print nothing; only the exit status tells");
-    format.addOption(*command);
+    addScriptsOperand(command, scripts);
+    command.flag("-q,--quiet", quiet, "print nothing; only the exit status tells");
+    format.addOption(command);
 }
 
 Result CheckCommand::run(OperandReader&)

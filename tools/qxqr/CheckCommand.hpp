@@ -3,6 +3,7 @@
 #define QXQR_CHECKCOMMAND_HPP
 
 #include "Command.hpp"
+#include "CommandLine.hpp"
 #include "OutputFormat.hpp"
 
 #include <string>
@@ -13,13 +14,13 @@ namespace qxqr {
 // qxqr check SCRIPT...: parses the scripts into one rule set and prints it.
 class CheckCommand : public Command {
 public:
-    explicit CheckCommand(CLI::App& qxqr);
-    CLI::App& app() override { return *command; }
+    explicit CheckCommand(CommandLine& qxqr);
+    const Subcommand& subcommand() const override { return command; }
     std::vector<std::string> scriptOperands() const override { return scripts; }
     Result run(OperandReader& operands) override;
 
 private:
-    CLI::App* command;
+    Subcommand command;
     std::vector<std::string> scripts;
     bool quiet = false;
     OutputFormat format;

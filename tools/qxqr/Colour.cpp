@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "Colour.hpp"
 
-#include <CLI/CLI.hpp>
-
 #include <cstdlib>
 #include <unistd.h>
 
 namespace qxqr {
 
-void Colour::addOption(CLI::App& command)
+void Colour::addOption(Subcommand& command)
 {
-    command.add_option("--color", when, "colour the text: auto (on a terminal, unless NO_COLOR is set), always, never")
-        ->type_name("WHEN")
-        ->check(CLI::IsMember({"auto", "always", "never"}));
+    command.option("--color", when, "colour the text: auto (on a terminal, unless NO_COLOR is set), always, never")
+        .typeName("WHEN")
+        .oneOf({"auto", "always", "never"});
 }
 
 bool Colour::enabled() const

@@ -2,11 +2,9 @@
 #ifndef QXQR_COLOUR_HPP
 #define QXQR_COLOUR_HPP
 
-#include <string>
+#include "CommandLine.hpp"
 
-namespace CLI {
-class App;
-}
+#include <string>
 
 namespace qxqr {
 
@@ -15,7 +13,7 @@ namespace qxqr {
 // environment does not set NO_COLOR to a non-empty value.
 class Colour {
 public:
-    void addOption(CLI::App& command);
+    void addOption(Subcommand& command);
     // Decides once, when the command runs.
     bool enabled() const;
 

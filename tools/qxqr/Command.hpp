@@ -6,13 +6,10 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}
-
 namespace qxqr {
 
 class OperandReader;
+class Subcommand;
 
 // What a command has to say, written when it ends. A command whose answer
 // is bounded by its scripts (check, trace) builds the whole of it here
@@ -42,12 +39,12 @@ public:
     explicit UsageError(const std::string& message) : std::runtime_error(message) {}
 };
 
-// One subcommand: it adds itself and its options to the application, and
-// runs when the command line selected it.
+// One command of the tool: it declares itself and its options on the
+// command line, and runs when the command line chose it.
 class Command {
 public:
     virtual ~Command() = default;
-    virtual CLI::App& app() = 0;
+    virtual const Subcommand& subcommand() const = 0;
     // The SCRIPT operands, as given.
     virtual std::vector<std::string> scriptOperands() const = 0;
     // What the words after "--" are called in the usage ("FILE"), or null

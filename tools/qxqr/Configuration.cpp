@@ -5,33 +5,31 @@
 
 #include <qxqrscript/Rules.hpp>
 
-#include <CLI/CLI.hpp>
-
 #include <utility>
 
 namespace qxqr {
 
-void Configuration::addOptions(CLI::App& command)
+void Configuration::addOptions(Subcommand& command)
 {
-    rootOption = command.add_option("--root", root, "the installation root ($vantor; $toolbox is DIR/toolbox)")
-        ->type_name("DIR");
-    cwdOption = command.add_option("--cwd", cwd, "the directory that $cwd names (default: the current directory)")
-        ->type_name("DIR");
+    rootOption = command.option("--root", root, "the installation root ($vantor; $toolbox is DIR/toolbox)")
+        .typeName("DIR");
+    cwdOption = command.option("--cwd", cwd, "the directory that $cwd names (default: the current directory)")
+        .typeName("DIR");
     // One assignment an occurrence, so that the script after it stays a
     // script where the scripts may be none (deps).
-    command.add_option("--set", assignments, "bind the variable NAME to VALUE in every condition (repeatable)")
-        ->type_name("NAME=VALUE")
-        ->allow_extra_args(false)
-        ->check(checkAssignment);
-    command.add_flag("--precompute", precompute,
-                     "bind the known variables, merge and simplify the rules before querying");
+    command.option("--set", assignments, "bind the variable NAME to VALUE in every condition (repeatable)")
+        .typeName("NAME=VALUE")
+        .oneValueEach()
+        .check(checkAssignment);
+    command.flag("--precompute", precompute,
+                 "bind the known variables, merge and simplify the rules before querying");
 }
 
 void Configuration::apply(QuorelScript::Rules& rules) const
 {
-    if (rootOption->count())
+    if (rootOption.given())
         rules.setVantorRoot(root.c_str());
-    if (cwdOption->count())
+    if (cwdOption.given())
         rules.setCwd(cwd.c_str());
     else
         rules.setCwdFromProcess();

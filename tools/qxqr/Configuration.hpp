@@ -2,14 +2,12 @@
 #ifndef QXQR_CONFIGURATION_HPP
 #define QXQR_CONFIGURATION_HPP
 
+#include "CommandLine.hpp"
+
 #include <map>
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-class Option;
-}
 namespace QuorelScript {
 class Rules;
 }
@@ -20,7 +18,7 @@ namespace qxqr {
 // --cwd, --set and --precompute of `query` and `walk` give it.
 class Configuration {
 public:
-    void addOptions(CLI::App& command);
+    void addOptions(Subcommand& command);
     // In the order a host follows: root, current directory, variables, and
     // precomputation last, once everything it can bind is known.
     void apply(QuorelScript::Rules& rules) const;
@@ -32,9 +30,9 @@ private:
     // Given or not is what counts (an empty --root is still a root), so the
     // options themselves are kept to ask.
     std::string root;
-    CLI::Option* rootOption = nullptr;
+    OptionDeclaration rootOption;
     std::string cwd;
-    CLI::Option* cwdOption = nullptr;
+    OptionDeclaration cwdOption;
     std::vector<std::string> assignments;  // NAME=VALUE, checked by the parser
     bool precompute = false;
 };

@@ -11,8 +11,6 @@
 #include "QuotedName.hpp"
 #include "ScriptLoader.hpp"
 
-#include <CLI/CLI.hpp>
-
 #include <cstdlib>
 #include <optional>
 
@@ -41,29 +39,31 @@ std::string withoutTrailingSlashes(std::string directory)
 
 } // namespace
 
-DepsCommand::DepsCommand(CLI::App& qxqr)
-    : command(qxqr.add_subcommand("deps", "Find the shared libraries that programs need and tell each one's fate"))
+DepsCommand::DepsCommand(CommandLine& qxqr)
+    : command(qxqr, "deps", "Find the shared libraries that programs need and tell each one's fate")
 {
-    addScriptsOperand(*command, scripts, true);
-    configuration.addOptions(*command);
-    command->add_flag("--explain", explain, "show the rule that excluded or pruned a file");
-    format.addOption(*command, {"text", "json", "paths", "dot"});
-    command->add_option("--ld-library-path", givenLibraryPath,
-                        "the directories LD_LIBRARY_PATH gives the loader (default: the environment's)")
-        ->type_name("LIST");
-    command->add_option("--sysroot", sysroot, "find everything under DIR, as a system installed there would")
-        ->type_name("DIR");
-    command->add_option("--copy-to", copyTo, "copy every kept library into DIR, named by its soname")
-        ->type_name("DIR");
-    command->add_flag("--allow-missing", allowMissing, "a library that is not found is no failure");
-    command->footer("The files follow '--': qxqr deps [OPTIONS] [SCRIPT...] -- FILE...\n"
-                    "A FILE of '-' reads file names from standard input, one a line.\n"
-                    "Without a SCRIPT, every file is kept and followed. Nothing is executed.");
+    addScriptsOperand(command, scripts, true);
+    configuration.addOptions(command);
+    command.flag("--explain", explain, "show the rule that excluded or pruned a file");
+    format.addOption(command, {"text", "json", "paths", "dot"});
+    libraryPathOption =
+        command
+            .option("--ld-library-path", givenLibraryPath,
+                    "the directories LD_LIBRARY_PATH gives the loader (default: the environment's)")
+            .typeName("LIST");
+    command.option("--sysroot", sysroot, "find everything under DIR, as a system installed there would")
+        .typeName("DIR");
+    copyToOption = command.option("--copy-to", copyTo, "copy every kept library into DIR, named by its soname")
+        .typeName("DIR");
+    command.flag("--allow-missing", allowMissing, "a library that is not found is no failure");
+    command.footer("The files follow '--': qxqr deps [OPTIONS] [SCRIPT...] -- FILE...\n"
+                   "A FILE of '-' reads file names from standard input, one a line.\n"
+                   "Without a SCRIPT, every file is kept and followed. Nothing is executed.");
 }
 
 std::string DepsCommand::libraryPath() const
 {
-    if (command->count("--ld-library-path"))
+    if (libraryPathOption.given())
         return givenLibraryPath;
     const char* environment = std::getenv("LD_LIBRARY_PATH");
     return environment ? environment : "";
@@ -77,7 +77,7 @@ Result DepsCommand::run(OperandReader& starts)
         configuration.apply(*rules);
     }
     std::optional<LibraryCopy> copy;
-    if (command->count("--copy-to"))
+    if (copyToOption.given())
         copy.emplace(copyTo);
     const std::string root = withoutTrailingSlashes(sysroot);
     ElfFiles files(root);

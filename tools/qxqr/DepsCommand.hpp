@@ -3,6 +3,7 @@
 #define QXQR_DEPSCOMMAND_HPP
 
 #include "Command.hpp"
+#include "CommandLine.hpp"
 #include "Configuration.hpp"
 #include "OutputFormat.hpp"
 
@@ -16,8 +17,8 @@ namespace qxqr {
 // deciding what is left out, what is not looked into and what comes along.
 class DepsCommand : public Command {
 public:
-    explicit DepsCommand(CLI::App& qxqr);
-    CLI::App& app() override { return *command; }
+    explicit DepsCommand(CommandLine& qxqr);
+    const Subcommand& subcommand() const override { return command; }
     std::vector<std::string> scriptOperands() const override { return scripts; }
     const char* operandName() const override { return "FILE"; }
     Result run(OperandReader& starts) override;
@@ -25,14 +26,16 @@ public:
 private:
     std::string libraryPath() const;
 
-    CLI::App* command;
+    Subcommand command;
     std::vector<std::string> scripts;
     Configuration configuration;
     bool explain = false;
     OutputFormat format;
     std::string givenLibraryPath;
+    OptionDeclaration libraryPathOption;
     std::string sysroot;
     std::string copyTo;
+    OptionDeclaration copyToOption;
     bool allowMissing = false;
 };
 

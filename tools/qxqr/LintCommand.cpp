@@ -9,8 +9,6 @@
 
 #include <qxqrscript/observe.hpp>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <map>
 
@@ -92,20 +90,20 @@ nlohmann::json asJson(const LintWarning& warning, const std::map<std::string, st
 
 } // namespace
 
-LintCommand::LintCommand(CLI::App& qxqr)
-    : command(qxqr.add_subcommand("lint", "Warn about what the scripts say that is probably not meant"))
+LintCommand::LintCommand(CommandLine& qxqr)
+    : command(qxqr, "lint", "Warn about what the scripts say that is probably not meant")
 {
-    addScriptsOperand(*command, scripts);
-    command->add_option("--set", assignments, "take the variable NAME as known (repeatable)")
-        ->type_name("NAME=VALUE")
-        ->check(checkAssignment);
-    command->add_option("--disable", disabled, "turn the check NAME off (repeatable)")
-        ->type_name("NAME")
-        ->check(checkName);
-    command->add_option("--allow", allowed, "an 'in' list path meant as a plain prefix (repeatable)")
-        ->type_name("PATH");
-    command->add_flag("--werror", werror, "exit with status 1 when there are warnings");
-    format.addOption(*command);
+    addScriptsOperand(command, scripts);
+    command.option("--set", assignments, "take the variable NAME as known (repeatable)")
+        .typeName("NAME=VALUE")
+        .check(checkAssignment);
+    command.option("--disable", disabled, "turn the check NAME off (repeatable)")
+        .typeName("NAME")
+        .check(checkName);
+    command.option("--allow", allowed, "an 'in' list path meant as a plain prefix (repeatable)")
+        .typeName("PATH");
+    command.flag("--werror", werror, "exit with status 1 when there are warnings");
+    format.addOption(command);
 }
 
 Result LintCommand::run(OperandReader&)

@@ -3,6 +3,7 @@
 #define QXQR_LINTCOMMAND_HPP
 
 #include "Command.hpp"
+#include "CommandLine.hpp"
 #include "OutputFormat.hpp"
 
 #include <string>
@@ -14,13 +15,13 @@ namespace qxqr {
 // probably did not mean, one line per warning in the form compilers use.
 class LintCommand : public Command {
 public:
-    explicit LintCommand(CLI::App& qxqr);
-    CLI::App& app() override { return *command; }
+    explicit LintCommand(CommandLine& qxqr);
+    const Subcommand& subcommand() const override { return command; }
     std::vector<std::string> scriptOperands() const override { return scripts; }
     Result run(OperandReader& operands) override;
 
 private:
-    CLI::App* command;
+    Subcommand command;
     std::vector<std::string> scripts;
     std::vector<std::string> assignments;
     std::vector<std::string> disabled;

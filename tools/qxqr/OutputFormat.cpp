@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "OutputFormat.hpp"
 
-#include <CLI/CLI.hpp>
-
 namespace qxqr {
 
 namespace {
@@ -18,9 +16,9 @@ std::string described(const std::vector<std::string>& names)
 
 } // namespace
 
-void OutputFormat::addOption(CLI::App& command, const std::vector<std::string>& names)
+void OutputFormat::addOption(Subcommand& command, const std::vector<std::string>& names)
 {
-    command.add_option("--format", name, described(names))->type_name("FORMAT")->check(CLI::IsMember(names));
+    command.option("--format", name, described(names)).typeName("FORMAT").oneOf(names);
 }
 
 std::string jsonText(const nlohmann::json& value)

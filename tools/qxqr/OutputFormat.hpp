@@ -2,14 +2,12 @@
 #ifndef QXQR_OUTPUTFORMAT_HPP
 #define QXQR_OUTPUTFORMAT_HPP
 
+#include "CommandLine.hpp"
+
 #include <nlohmann/json.hpp>
 
 #include <string>
 #include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace qxqr {
 
@@ -19,7 +17,7 @@ namespace qxqr {
 class OutputFormat {
 public:
     // `names` are the forms the command knows, text first.
-    void addOption(CLI::App& command, const std::vector<std::string>& names = {"text", "json"});
+    void addOption(Subcommand& command, const std::vector<std::string>& names = {"text", "json"});
     bool isJson() const { return name == "json"; }
     const std::string& chosen() const { return name; }
 

@@ -11,8 +11,6 @@
 #include "StreamedJsonDocument.hpp"
 #include "Verdict.hpp"
 
-#include <CLI/CLI.hpp>
-
 #include <optional>
 
 namespace qxqr {
@@ -64,23 +62,23 @@ nlohmann::json asJson(const Answer& answer)
 
 } // namespace
 
-QueryCommand::QueryCommand(CLI::App& qxqr)
-    : command(qxqr.add_subcommand("query", "Tell whether each file is excluded, pruned or kept, and what it includes"))
+QueryCommand::QueryCommand(CommandLine& qxqr)
+    : command(qxqr, "query", "Tell whether each file is excluded, pruned or kept, and what it includes")
 {
-    addScriptsOperand(*command, scripts);
-    configuration.addOptions(*command);
-    command->add_option("--caller", caller, "the file that refers to each FILE ($caller)")->type_name("FILE");
-    command->add_flag("--explain", explain, "show the rule that excluded or pruned a file");
-    format.addOption(*command);
-    command->footer("The files follow '--': qxqr query [OPTIONS] SCRIPT... -- FILE...\n"
-                    "A FILE of '-' reads file names from standard input, one a line.");
+    addScriptsOperand(command, scripts);
+    configuration.addOptions(command);
+    callerOption = command.option("--caller", caller, "the file that refers to each FILE ($caller)").typeName("FILE");
+    command.flag("--explain", explain, "show the rule that excluded or pruned a file");
+    format.addOption(command);
+    command.footer("The files follow '--': qxqr query [OPTIONS] SCRIPT... -- FILE...\n"
+                   "A FILE of '-' reads file names from standard input, one a line.");
 }
 
 Result QueryCommand::run(OperandReader& files)
 {
     std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
     configuration.apply(*rules);
-    const char* callerOrNull = command->count("--caller") ? caller.c_str() : nullptr;
+    const char* callerOrNull = callerOption.given() ? caller.c_str() : nullptr;
 
     std::optional<StreamedJsonDocument> document;
     if (format.isJson())

@@ -3,6 +3,7 @@
 #define QXQR_QUERYCOMMAND_HPP
 
 #include "Command.hpp"
+#include "CommandLine.hpp"
 #include "Configuration.hpp"
 #include "OutputFormat.hpp"
 
@@ -15,17 +16,18 @@ namespace qxqr {
 // each file: excluded, pruned, and the files its include rules add.
 class QueryCommand : public Command {
 public:
-    explicit QueryCommand(CLI::App& qxqr);
-    CLI::App& app() override { return *command; }
+    explicit QueryCommand(CommandLine& qxqr);
+    const Subcommand& subcommand() const override { return command; }
     std::vector<std::string> scriptOperands() const override { return scripts; }
     const char* operandName() const override { return "FILE"; }
     Result run(OperandReader& files) override;
 
 private:
-    CLI::App* command;
+    Subcommand command;
     std::vector<std::string> scripts;
     Configuration configuration;
     std::string caller;
+    OptionDeclaration callerOption;
     bool explain = false;
     OutputFormat format;
 };

@@ -7,8 +7,6 @@
 
 #include <qxqrscript/FileReader.hpp>
 
-#include <CLI/CLI.hpp>
-
 #include <sstream>
 
 namespace qxqr {
@@ -67,11 +65,11 @@ std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& s
     return rules;
 }
 
-void addScriptsOperand(CLI::App& command, std::vector<std::string>& scripts, bool optional)
+void addScriptsOperand(Subcommand& command, std::vector<std::string>& scripts, bool optional)
 {
-    command.add_option("SCRIPT", scripts, "rules scripts, parsed in order into one rule set")
-        ->type_name("")
-        ->required(!optional);
+    command.option("SCRIPT", scripts, "rules scripts, parsed in order into one rule set")
+        .typeName("")
+        .required(!optional);
 }
 
 } // namespace qxqr

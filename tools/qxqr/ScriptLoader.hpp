@@ -2,11 +2,9 @@
 #ifndef QXQR_SCRIPTLOADER_HPP
 #define QXQR_SCRIPTLOADER_HPP
 
-#include <qxqrscript/Rules.hpp>
+#include "CommandLine.hpp"
 
-namespace CLI {
-class App;
-}
+#include <qxqrscript/Rules.hpp>
 
 #include <memory>
 #include <string>
@@ -33,7 +31,7 @@ std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& s
 
 // The SCRIPT... operands of a command that reads scripts into one rule set;
 // at least one unless `optional`.
-void addScriptsOperand(CLI::App& command, std::vector<std::string>& scripts, bool optional = false);
+void addScriptsOperand(Subcommand& command, std::vector<std::string>& scripts, bool optional = false);
 
 } // namespace qxqr
 

@@ -4,14 +4,12 @@
 #include "ScriptLoader.hpp"
 #include "StandardOutputCapture.hpp"
 
-#include <CLI/CLI.hpp>
-
 namespace qxqr {
 
-TraceCommand::TraceCommand(CLI::App& qxqr)
-    : command(qxqr.add_subcommand("trace", "Parse a script with the library's debug trace on"))
+TraceCommand::TraceCommand(CommandLine& qxqr)
+    : command(qxqr, "trace", "Parse a script with the library's debug trace on")
 {
-    command->add_option("SCRIPT", script, "the rules script")->type_name("")->required();
+    command.option("SCRIPT", script, "the rules script").typeName("").required();
 }
 
 Result TraceCommand::run(OperandReader&)

@@ -3,6 +3,7 @@
 #define QXQR_TRACECOMMAND_HPP
 
 #include "Command.hpp"
+#include "CommandLine.hpp"
 
 namespace qxqr {
 
@@ -10,13 +11,13 @@ namespace qxqr {
 // how each condition was understood.
 class TraceCommand : public Command {
 public:
-    explicit TraceCommand(CLI::App& qxqr);
-    CLI::App& app() override { return *command; }
+    explicit TraceCommand(CommandLine& qxqr);
+    const Subcommand& subcommand() const override { return command; }
     std::vector<std::string> scriptOperands() const override { return {script}; }
     Result run(OperandReader& operands) override;
 
 private:
-    CLI::App* command;
+    Subcommand command;
     std::string script;
 };
 

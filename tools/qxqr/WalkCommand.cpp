@@ -11,8 +11,6 @@
 #include "StreamedJsonDocument.hpp"
 #include "Walk.hpp"
 
-#include <CLI/CLI.hpp>
-
 #include <cerrno>
 #include <cstdlib>
 #include <functional>
@@ -91,27 +89,27 @@ std::string stopMessage(const WalkStopped& stopped, const WalkLimits& limits)
 
 } // namespace
 
-WalkCommand::WalkCommand(CLI::App& qxqr)
-    : command(qxqr.add_subcommand("walk", "Follow the include rules from start files and tell each file's fate"))
+WalkCommand::WalkCommand(CommandLine& qxqr)
+    : command(qxqr, "walk", "Follow the include rules from start files and tell each file's fate")
 {
-    addScriptsOperand(*command, scripts);
-    configuration.addOptions(*command);
-    command->add_flag("--explain", explain, "show the rule that excluded or pruned a file");
-    command->add_flag("--no-progress", noProgress, "never show progress on standard error");
+    addScriptsOperand(command, scripts);
+    configuration.addOptions(command);
+    command.flag("--explain", explain, "show the rule that excluded or pruned a file");
+    command.flag("--no-progress", noProgress, "never show progress on standard error");
     command
-        ->add_option("--max-files", limits.maxFiles,
-                     "stop when more than N files are met (default: " + std::to_string(limits.maxFiles) + ")")
-        ->type_name("N")
-        ->check(wholeNumberFrom(1));
+        .option("--max-files", limits.maxFiles,
+                "stop when more than N files are met (default: " + std::to_string(limits.maxFiles) + ")")
+        .typeName("N")
+        .check(wholeNumberFrom(1));
     command
-        ->add_option("--max-depth", limits.maxDepth,
-                     "stop at a file more than N include steps from a start file (default: " +
-                         std::to_string(limits.maxDepth) + ")")
-        ->type_name("N")
-        ->check(wholeNumberFrom(0));
-    format.addOption(*command);
-    command->footer("The start files follow '--': qxqr walk [OPTIONS] SCRIPT... -- START...\n"
-                    "A START of '-' reads file names from standard input, one a line.");
+        .option("--max-depth", limits.maxDepth,
+                "stop at a file more than N include steps from a start file (default: " +
+                    std::to_string(limits.maxDepth) + ")")
+        .typeName("N")
+        .check(wholeNumberFrom(0));
+    format.addOption(command);
+    command.footer("The start files follow '--': qxqr walk [OPTIONS] SCRIPT... -- START...\n"
+                   "A START of '-' reads file names from standard input, one a line.");
 }
 
 Result WalkCommand::run(OperandReader& starts)

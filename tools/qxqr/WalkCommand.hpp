@@ -3,6 +3,7 @@
 #define QXQR_WALKCOMMAND_HPP
 
 #include "Command.hpp"
+#include "CommandLine.hpp"
 #include "Configuration.hpp"
 #include "OutputFormat.hpp"
 #include "Walk.hpp"
@@ -16,14 +17,14 @@ namespace qxqr {
 // files as a dependency-analysis host would, and tells each file's fate.
 class WalkCommand : public Command {
 public:
-    explicit WalkCommand(CLI::App& qxqr);
-    CLI::App& app() override { return *command; }
+    explicit WalkCommand(CommandLine& qxqr);
+    const Subcommand& subcommand() const override { return command; }
     std::vector<std::string> scriptOperands() const override { return scripts; }
     const char* operandName() const override { return "START"; }
     Result run(OperandReader& starts) override;
 
 private:
-    CLI::App* command;
+    Subcommand command;
     std::vector<std::string> scripts;
     Configuration configuration;
     bool explain = false;

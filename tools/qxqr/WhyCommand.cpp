@@ -8,8 +8,6 @@
 #include "WhyJson.hpp"
 #include "WhyText.hpp"
 
-#include <CLI/CLI.hpp>
-
 #include <optional>
 
 namespace qxqr {
@@ -27,16 +25,16 @@ FileTraces traced(QuorelScript::Rules& rules, const std::string& file, const cha
 
 } // namespace
 
-WhyCommand::WhyCommand(CLI::App& qxqr)
-    : command(qxqr.add_subcommand("why", "Show why each file is excluded, pruned or kept: every condition evaluated"))
+WhyCommand::WhyCommand(CommandLine& qxqr)
+    : command(qxqr, "why", "Show why each file is excluded, pruned or kept: every condition evaluated")
 {
-    addScriptsOperand(*command, scripts);
-    configuration.addOptions(*command);
-    command->add_option("--caller", caller, "the file that refers to each FILE ($caller)")->type_name("FILE");
-    format.addOption(*command);
-    colour.addOption(*command);
-    command->footer("The files follow '--': qxqr why [OPTIONS] SCRIPT... -- FILE...\n"
-                    "A FILE of '-' reads file names from standard input, one a line.");
+    addScriptsOperand(command, scripts);
+    configuration.addOptions(command);
+    callerOption = command.option("--caller", caller, "the file that refers to each FILE ($caller)").typeName("FILE");
+    format.addOption(command);
+    colour.addOption(command);
+    command.footer("The files follow '--': qxqr why [OPTIONS] SCRIPT... -- FILE...\n"
+                   "A FILE of '-' reads file names from standard input, one a line.");
 }
 
 Result WhyCommand::run(OperandReader& files)
@@ -44,7 +42,7 @@ Result WhyCommand::run(OperandReader& files)
     std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
     const WhyVariables variables(*rules, configuration.setValues());
     configuration.apply(*rules);
-    const char* callerOrNull = command->count("--caller") ? caller.c_str() : nullptr;
+    const char* callerOrNull = callerOption.given() ? caller.c_str() : nullptr;
     const Palette palette(!format.isJson() && colour.enabled());
 
     std::optional<StreamedJsonDocument> document;

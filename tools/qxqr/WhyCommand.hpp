@@ -4,6 +4,7 @@
 
 #include "Colour.hpp"
 #include "Command.hpp"
+#include "CommandLine.hpp"
 #include "Configuration.hpp"
 #include "OutputFormat.hpp"
 
@@ -18,17 +19,18 @@ namespace qxqr {
 // what each `exists` asked and was told, and what each include path became.
 class WhyCommand : public Command {
 public:
-    explicit WhyCommand(CLI::App& qxqr);
-    CLI::App& app() override { return *command; }
+    explicit WhyCommand(CommandLine& qxqr);
+    const Subcommand& subcommand() const override { return command; }
     std::vector<std::string> scriptOperands() const override { return scripts; }
     const char* operandName() const override { return "FILE"; }
     Result run(OperandReader& files) override;
 
 private:
-    CLI::App* command;
+    Subcommand command;
     std::vector<std::string> scripts;
     Configuration configuration;
     std::string caller;
+    OptionDeclaration callerOption;
     OutputFormat format;
     Colour colour;
 };

@@ -5,6 +5,7 @@
 #include "Arguments.hpp"
 #include "CheckCommand.hpp"
 #include "Command.hpp"
+#include "CommandLine.hpp"
 #include "LintCommand.hpp"
 #include "OperandReader.hpp"
 #include "QueryCommand.hpp"
@@ -18,40 +19,21 @@
 
 #include <qxqrscript/version.hpp>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <iostream>
-#include <sstream>
+#include <optional>
 
 namespace {
 
 using namespace qxqr;
 
-const int usageStatus = 2;
-
 // The tool's version is that of the headers it was built with; the
 // library's is that of the one loaded, which may be a later one.
-// "--version" stands alone: "qxqr --version extra" is bad usage.
-std::string versionText(const CLI::App& qxqr)
+std::string versionText()
 {
-    if (!qxqr.remaining().empty())
-        throw CLI::ExtrasError(qxqr.remaining());
     return "qxqr " + std::to_string(QXQRSCRIPT_VERSION_MAJOR) + "." + std::to_string(QXQRSCRIPT_VERSION_MINOR) + "." +
            std::to_string(QXQRSCRIPT_VERSION_PATCH) + "\n" + "libqxqrscript " + libqxqrscript_version + " (built " +
            libqxqrscript_build_date + ")";
-}
-
-// "qxqr query" for a command line that selected query, "qxqr" otherwise.
-std::string commandPath(const CLI::App& qxqr)
-{
-    std::vector<CLI::App*> selected = qxqr.get_subcommands();
-    return selected.empty() ? qxqr.get_name() : qxqr.get_name() + " " + selected.front()->get_name();
-}
-
-std::string usageMessage(const CLI::App& qxqr, const std::string& problem)
-{
-    return "qxqr: " + problem + "\nRun '" + commandPath(qxqr) + " --help' for more information.\n";
 }
 
 // Standard input is read once: it can give one script, or the list of
@@ -61,11 +43,11 @@ void requireStandardInputOnce(Command& command, const Arguments& arguments)
     const std::vector<std::string> scripts = command.scriptOperands();
     const auto scriptsFromIt = std::count(scripts.begin(), scripts.end(), "-");
     if (scriptsFromIt > 1)
-        throw UsageError(command.app().get_name() + ": '-' can be given as a SCRIPT only once");
+        throw UsageError(command.subcommand().name() + ": '-' can be given as a SCRIPT only once");
     const char* operandName = command.operandName();
     const bool operandsFromIt = std::count(arguments.operands.begin(), arguments.operands.end(), "-") > 0;
     if (scriptsFromIt > 0 && operandName && operandsFromIt)
-        throw UsageError(command.app().get_name() + ": '-' can be a SCRIPT or a " + operandName + ", not both");
+        throw UsageError(command.subcommand().name() + ": '-' can be a SCRIPT or a " + operandName + ", not both");
 }
 
 // A command line that the argument parser accepted can still lack the
@@ -75,9 +57,9 @@ Result runCommand(Command& command, const Arguments& arguments)
     requireStandardInputOnce(command, arguments);
     const char* operandName = command.operandName();
     if (!operandName && arguments.separated)
-        throw UsageError(command.app().get_name() + ": '--' is not expected");
+        throw UsageError(command.subcommand().name() + ": '--' is not expected");
     if (operandName && arguments.operands.empty())
-        throw UsageError(command.app().get_name() + ": no " + operandName + " given after '--'");
+        throw UsageError(command.subcommand().name() + ": no " + operandName + " given after '--'");
     OperandReader operands(arguments.operands, std::cin);
     return command.run(operands);
 }
@@ -85,7 +67,7 @@ Result runCommand(Command& command, const Arguments& arguments)
 Command& selectedCommand(const std::vector<Command*>& commands)
 {
     for (Command* command : commands)
-        if (command->app().parsed())
+        if (command->subcommand().selected())
             return *command;
     throw std::logic_error("no command selected");  // require_subcommand(1) rules this out
 }
@@ -113,12 +95,8 @@ int main(int argc, char** argv)
 {
     Arguments arguments = splitAtSeparator(argc, argv);
 
-    CLI::App qxqr("Check, query, walk, explain and lint rules scripts, and find what programs need under them.",
-                  "qxqr");
-    qxqr.require_subcommand(1);
-    qxqr.set_version_flag("--version", [&qxqr] { return versionText(qxqr); },
-                          "Print the tool's version, the library's and its build date, and exit");
-    qxqr.failure_message([](const CLI::App* app, const CLI::Error& error) { return usageMessage(*app, error.what()); });
+    CommandLine qxqr("Check, query, walk, explain and lint rules scripts, and find what programs need under them.",
+                     versionText());
     CheckCommand check(qxqr);
     QueryCommand query(qxqr);
     WalkCommand walk(qxqr);
@@ -131,18 +109,13 @@ int main(int argc, char** argv)
     commands.push_back(&deps);
 #endif
 
-    try {
-        qxqr.parse(static_cast<int>(arguments.parsed.size()), arguments.parsed.data());
-    } catch (const CLI::ParseError& error) {
-        std::ostringstream out, err;
-        int status = qxqr.exit(error, out, err);
-        return write({out.str(), err.str(), status == 0 ? 0 : usageStatus});
-    }
+    if (std::optional<Result> answered = qxqr.parse(arguments.parsed))
+        return write(*answered);
 
     try {
         return write(runCommand(selectedCommand(commands), arguments));
     } catch (const UsageError& error) {
-        return write({"", usageMessage(qxqr, error.what()), usageStatus});
+        return write({"", qxqr.usageMessage(error.what()), usageStatus});
     } catch (const Failure& failure) {
         return write({"", failure.what(), 1});
     } catch (const std::exception& error) {
