@@ -19,7 +19,8 @@
 #                      targets; BENCH_ARGS=--benchmark_filter=REGEX runs a
 #                      part, QXQR_BENCH_SKIP_HUGE_NAME=1 leaves out the
 #                      query whose name is 1,000,000 slashes
-#   make install PREFIX=/some/where   the library and the tool, no tests
+#   make install PREFIX=/some/where   the library and the tool, built in
+#                      build-install/ without the tests
 #   make deb           Debian packages of the two install components, in
 #                      build-deb/
 #
@@ -36,6 +37,7 @@ FUZZ_SECONDS   ?= 60
 FUZZ_TARGETS    = script file_reader elf
 BENCH_DIR      ?= build-bench
 DEB_DIR        ?= build-deb
+INSTALL_DIR    ?= build-install
 BENCH_ARGS     ?=
 BUILD_TYPE     ?= RelWithDebInfo
 PREFIX         ?= /usr/local
@@ -102,14 +104,14 @@ test-i386: deps-i386 $(I386_GTEST_DIR)/prefix/include/gtest/gtest.h
 	@cmake --build $(I386_DIR) -j $(JOBS)
 	cd $(I386_DIR) && ctest --output-on-failure -j $(JOBS)
 
-# Each build is NAME:COMPILER:STANDARD:WHAT[:LAYOUT] (see
+# Each build is NAME:COMPILER:STANDARD:WHAT[:LAYOUT,...] (see
 # scripts/compiler-build.sh): WHAT "tests" builds everything and runs every
 # test, "library" builds what is installed and runs the installed package's
-# consumer test only; LAYOUT installs with an absolute libdir ("absolute"),
-# and a static library ("static"). g++ 12 with C++17 is the build of
-# `make test` and `make test-i386`, clang 14 with C++20 that of
-# `make test-sanitize`; these two prove the other pairs.
-COMPILER_BUILDS ?= gcc20:g++-12:20:library:absolute clang17:clang++-14:17:library:static
+# consumer test only, once for each LAYOUT: an absolute libdir ("absolute"),
+# a static library ("static"), or both ("static-absolute"). g++ 12 with
+# C++17 is the build of `make test` and `make test-i386`, clang 14 with
+# C++20 that of `make test-sanitize`; these two prove the other pairs.
+COMPILER_BUILDS ?= gcc20:g++-12:20:library:absolute clang17:clang++-14:17:library:static,static-absolute
 test-compilers: deps-build deps-compilers
 	@for build in $(COMPILER_BUILDS); do \
 	    scripts/compiler-build.sh "$(GENERATOR)" $(JOBS) $$build || exit 1; \
@@ -132,7 +134,7 @@ test-i386-library: deps-i386 $(I386_GTEST_DIR)/prefix/include/gtest/gtest.h
 # this target alone.
 fuzz: deps-fuzz
 	@$(CONFIGURE) -B $(FUZZ_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
-	    -DQXQR_FUZZ=ON -DQXQR_BUILD_TESTS=OFF -DQXQR_BUILD_TOOLS=OFF >/dev/null
+	    -DQXQR_FUZZ=ON -DQXQR_BUILD_TESTS=OFF -DQXQR_BUILD_TOOLS=OFF -DQXQR_WITH_DEPS=ON >/dev/null
 	@cmake --build $(FUZZ_DIR) -j $(JOBS) --target $(addprefix fuzz_,$(FUZZ_TARGETS))
 	@fuzz/run.sh $(FUZZ_DIR) $(FUZZ_SECONDS) $(FUZZ_TARGETS)
 
@@ -146,11 +148,13 @@ bench: deps-bench
 	@cmake --build $(BENCH_DIR) -j $(JOBS) --target qxqr_bench
 	$(BENCH_DIR)/bench/qxqr_bench $(BENCH_ARGS)
 
-# What is installed, and nothing else, is built first.
+# What is installed, and nothing else, is built first, in a folder of its
+# own: without the tests, and with warnings left warnings.
 install: deps-build
-	@$(CONFIGURE_ONLY) -B $(BUILD_DIR) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) -DCMAKE_INSTALL_PREFIX=$(PREFIX) >/dev/null
-	@cmake --build $(BUILD_DIR) -j $(JOBS) --target installed_files
-	cmake --install $(BUILD_DIR)
+	@$(CONFIGURE_ONLY) -B $(INSTALL_DIR) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) -DCMAKE_INSTALL_PREFIX=$(PREFIX) \
+	    -DQXQR_BUILD_TESTS=OFF >/dev/null
+	@cmake --build $(INSTALL_DIR) -j $(JOBS) --target installed_files
+	cmake --install $(INSTALL_DIR)
 
 # A release build of its own, installed to /usr, without tests.
 deb: deps-build deps-deb
@@ -160,5 +164,5 @@ deb: deps-build deps-deb
 	cd $(DEB_DIR) && cpack -G DEB
 
 clean:
-	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(I386_DIR) $(I386_GTEST_DIR) $(FUZZ_DIR) $(BENCH_DIR) $(DEB_DIR) \
+	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(I386_DIR) $(I386_GTEST_DIR) $(FUZZ_DIR) $(BENCH_DIR) $(DEB_DIR) $(INSTALL_DIR) \
 	    build-compiler-* $(DEPS_DIR)

@@ -7,14 +7,17 @@
 # system one under the prefix configured, no run path is set, as
 # distributions want; such a build installed elsewhere needs the library's
 # folder made known to the dynamic linker (ld.so.conf, LD_LIBRARY_PATH).
+# QXQR_TOOL_RUNPATH is the run path set, empty for none.
+set(QXQR_TOOL_RUNPATH "")
 set(QXQR_SYSTEM_LIBDIRS ${CMAKE_PLATFORM_IMPLICIT_LINK_DIRECTORIES} ${CMAKE_CXX_IMPLICIT_LINK_DIRECTORIES})
 list(FIND QXQR_SYSTEM_LIBDIRS "${CMAKE_INSTALL_FULL_LIBDIR}" QXQR_LIBDIR_IS_SYSTEM)
 get_target_property(QXQR_BUILT_LIBRARY_TYPE qxqrscript TYPE)
 if(QXQR_BUILT_LIBRARY_TYPE STREQUAL SHARED_LIBRARY AND QXQR_LIBDIR_IS_SYSTEM EQUAL -1)
     if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}" OR IS_ABSOLUTE "${CMAKE_INSTALL_BINDIR}")
-        set_target_properties(qxqr PROPERTIES INSTALL_RPATH "${CMAKE_INSTALL_FULL_LIBDIR}")
+        set(QXQR_TOOL_RUNPATH "${CMAKE_INSTALL_FULL_LIBDIR}")
     else()
         file(RELATIVE_PATH QXQR_BINDIR_TO_LIBDIR ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-        set_target_properties(qxqr PROPERTIES INSTALL_RPATH "$ORIGIN/${QXQR_BINDIR_TO_LIBDIR}")
+        set(QXQR_TOOL_RUNPATH "$ORIGIN/${QXQR_BINDIR_TO_LIBDIR}")
     endif()
+    set_target_properties(qxqr PROPERTIES INSTALL_RPATH "${QXQR_TOOL_RUNPATH}")
 endif()

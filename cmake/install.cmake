@@ -40,11 +40,19 @@ if(TARGET qxqr)
         RENAME qxqr COMPONENT runtime)
 endif()
 
+# Inside another project, CMAKE_INSTALL_DOCDIR is that project's folder,
+# where these files would replace its own.
+set(QXQR_DOCDIR ${CMAKE_INSTALL_DOCDIR})
+if(NOT QXQR_TOP_LEVEL)
+    set(QXQR_DOCDIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/qxqrscript)
+endif()
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/README.md
               ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/CONTRIBUTING.md
-    DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT runtime)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
+    DESTINATION ${QXQR_DOCDIR} COMPONENT runtime)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${QXQR_DOCDIR}
     COMPONENT runtime FILES_MATCHING PATTERN "*.md")
+# For host authors, whose document points to it.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/host DESTINATION ${QXQR_DOCDIR}/examples COMPONENT development)
 
 # What the rules above install, and nothing else (make install builds it).
 add_custom_target(installed_files)

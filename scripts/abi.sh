@@ -16,7 +16,13 @@ build=$2
 baseline=$3
 
 library=$build/libqxqrscript.so.1
-abidw_options=(--no-corpus-path --suppressions abi/private-types.suppr)
+abidw_options=(--no-corpus-path --suppressions "$(dirname "$0")/../abi/private-types.suppr")
+# Without debugging information abidw sees symbols only, and would let every
+# change of a type or a table of virtual functions pass.
+if ! readelf -S "$library" | grep -q '\.debug_info'; then
+    echo "abi: $library has no debugging information (build it with -g, as RelWithDebInfo and Debug do)" >&2
+    exit 1
+fi
 
 case $mode in
     write)

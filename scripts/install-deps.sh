@@ -26,6 +26,8 @@ case "${1:-}" in
     compilers) packages+=(g++-12 clang-14 libclang-rt-14-dev) ;;
     # dpkg-shlibdeps, which gives the packages their dependencies.
     deb) packages+=(dpkg-dev) ;;
+    "") ;;
+    *) echo "install-deps: unknown set '$1' (fuzz, bench, i386, abi, compilers or deb)" >&2; exit 2 ;;
 esac
 
 missing=()

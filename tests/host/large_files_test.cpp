@@ -96,9 +96,11 @@ TEST_F(LargeFilesTest, ADirectoryDatedAfter2038IsADirectory) {
     EXPECT_TRUE(kfIsDirectory(late.c_str()));
 }
 
+// The directory is one whatever its date, so only the large file is needed;
+// where it could be dated in 2100, the directory is the late one as well.
 TEST_F(LargeFilesTest, EnumerationTellsTheirKinds) {
-    if (!bigMade || !lateDated)
-        GTEST_SKIP() << (bigMade ? noLateDirectory : noBigFile);
+    if (!bigMade)
+        GTEST_SKIP() << noBigFile;
     const std::vector<std::string> expected{"file " + big, "dir " + late};
     EXPECT_EQ(expected, find(tree.path(), 1));
     EXPECT_EQ(expected, find(tree.path("*"), 0));

@@ -3,8 +3,9 @@
 # Installs the built library, then builds and runs a small program against
 # the installed copy twice, with this build's compiler and flags: through the
 # CMake package and through pkg-config. Then the installed qxqr must run
-# without LD_LIBRARY_PATH, and the runtime component alone must hold no
-# file for developers.
+# without LD_LIBRARY_PATH (or, where its library goes to a system folder,
+# have no run path), and the runtime component alone must hold no file for
+# developers.
 #
 # With a relative libdir everything goes to a scratch prefix. An absolute
 # libdir stays where it is at any prefix, so then the build must have been
@@ -58,9 +59,22 @@ expected_includedir=$includedir
     $(pkg-config --cflags --libs qxqrscript) $ldflags
 LD_LIBRARY_PATH=$installed_libdir "$work/pkg-config-consumer"
 
+# A library installed to a folder that the dynamic linker searches anyway
+# gives the tool no run path: installed elsewhere, as here, the tool finds
+# it only through LD_LIBRARY_PATH.
 if [ -n "$tool" ]; then
-    env -u LD_LIBRARY_PATH "$prefix/$bindir/qxqr" --version | grep -qx "qxqr $version"
-    echo "installed qxqr runs"
+    installed_tool=$prefix/$bindir/qxqr
+    if [ -n "$tool_runpath" ]; then
+        env -u LD_LIBRARY_PATH "$installed_tool" --version | grep -qx "qxqr $version"
+        echo "installed qxqr runs"
+    else
+        if readelf -d "$installed_tool" | grep -q 'R\(UN\)\?PATH'; then
+            echo "the installed qxqr has a run path, where its library goes to a system folder" >&2
+            exit 1
+        fi
+        LD_LIBRARY_PATH=$installed_libdir "$installed_tool" --version | grep -qx "qxqr $version"
+        echo "installed qxqr, without a run path, runs"
+    fi
 fi
 
 if [[ $libdir != /* ]]; then

@@ -3,14 +3,17 @@
 // a one-rule script, asks one question, and asks it again with a trace.
 #include <qxqrscript.hpp>
 
-#include <cstring>
 #include <iostream>
 #include <memory>
+#include <string>
 
 int main() {
     QuorelScript::Parser parser;
     std::unique_ptr<QuorelScript::Rules> rules(parser.parse("exclude if $ext == .o\n"));
-    if (!rules || std::strcmp(libqxqrscript_version, "1.0.0") != 0)
+    const std::string headersVersion = std::to_string(QXQRSCRIPT_VERSION_MAJOR) + "." +
+                                       std::to_string(QXQRSCRIPT_VERSION_MINOR) + "." +
+                                       std::to_string(QXQRSCRIPT_VERSION_PATCH);
+    if (!rules || libqxqrscript_version != headersVersion)
         return 1;
     if (!rules->isExcluded("/src/main.o", nullptr, nullptr) || rules->isExcluded("/src/main.c", nullptr, nullptr))
         return 1;
