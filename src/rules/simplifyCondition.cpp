@@ -45,11 +45,23 @@ struct Junction<MultiOrExpression> {
     static constexpr bool decisive = true;
 };
 
-// The nodes that a rewrite has already returned and that a second rewrite
-// would return unchanged, asking nothing of the host. The rewrite of a node
-// simplifies its operands, and then, as the rule has it, simplifies them
-// again; remembering which ones need nothing more keeps that from doubling
-// the work at every level of nesting. Kept while one rewrite runs.
+// Whether the rewrite looks inside `node`: a junction or a negation. Any
+// other node comes out of its first rewrite as itself or as a literal, and
+// a second rewrite gives either back unchanged, asking nothing of the host.
+// Of a null node, typeid throws std::bad_typeid, as the rewrite does.
+bool isCompound(const Expression<bool>* node) {
+    const std::type_info& type = typeid(*node);
+    return type == typeid(NotExpression<bool>) || type == typeid(AndExpression) || type == typeid(OrExpression) ||
+           type == typeid(MultiAndExpression) || type == typeid(MultiOrExpression);
+}
+
+// The compound nodes that a rewrite has already returned and that a second
+// rewrite would return unchanged, asking nothing of the host. The rewrite of
+// a node simplifies its operands, and then, as the rule has it, simplifies
+// them again; remembering which ones need nothing more keeps that from
+// doubling the work at every level of nesting. Kept while one rewrite runs.
+// Only compound nodes are kept: the others need no remembering, and a long
+// junction has many of them.
 class SimplifiedNodes {
 public:
     // The set of the rewrite that is running, if one is.
@@ -71,9 +83,15 @@ private:
 template <class Node, class... Arguments>
 Node* made(Arguments... arguments) {
     Node* node = new Node(arguments...);
-    if (SimplifiedNodes* simplified = SimplifiedNodes::current())
+    SimplifiedNodes* simplified = SimplifiedNodes::current();
+    if (simplified != nullptr && isCompound(node))
         simplified->forget(node);
     return node;
+}
+
+// Whether a rewrite of `node`, which a rewrite returned, gives it back as it is.
+bool isSettled(const Expression<bool>* node, const SimplifiedNodes& simplified) {
+    return !isCompound(node) || simplified.contains(node);
 }
 
 Expression<bool>* literal(bool value) {
@@ -265,14 +283,14 @@ template <class Multi>
 bool isStableJunction(const Multi& node, const SimplifiedNodes& simplified) {
     typedef typename Junction<Multi>::Dual Dual;
     for (Expression<bool>* operand : node.operands())
-        if (!simplified.contains(operand) || isExactly<Multi>(*operand) || negatedNode<Dual>(*operand) != nullptr)
+        if (!isSettled(operand, simplified) || isExactly<Multi>(*operand) || negatedNode<Dual>(*operand) != nullptr)
             return false;
     return true;
 }
 
 bool isStable(const Expression<bool>& node, const SimplifiedNodes& simplified) {
     if (isExactly<NotExpression<bool>>(node))
-        return simplified.contains(static_cast<const NotExpression<bool>&>(node).operand());
+        return isSettled(static_cast<const NotExpression<bool>&>(node).operand(), simplified);
     if (isExactly<MultiAndExpression>(node))
         return isStableJunction(static_cast<const MultiAndExpression&>(node), simplified);
     if (isExactly<MultiOrExpression>(node))
@@ -313,11 +331,11 @@ Expression<bool>* simplifyCondition(Expression<bool>* condition) {
         } finish{running};
         return simplifyCondition(condition);
     }
-    if (running->contains(condition))
+    if (isCompound(condition) && running->contains(condition))
         return condition;
     Owned simplified(rewrite(condition));
     // Remembering may run out of memory too; the result is freed then.
-    if (isStable(*simplified, *running))
+    if (isCompound(simplified.get()) && isStable(*simplified, *running))
         running->add(simplified.get());
     return simplified.release();
 }
