@@ -3,6 +3,7 @@
 
 #include "Utf8.hpp"
 
+#include <algorithm>
 #include <cstdio>
 #include <vector>
 
@@ -84,10 +85,19 @@ std::string quoted(const Run& run)
     return text + "'";
 }
 
+// Printable ASCII without a blank or a single quote, as nearly every name
+// is: shown as it is, without cutting it into characters first.
+bool isPlain(const std::string& name)
+{
+    return std::all_of(name.begin(), name.end(), [](char byte) { return byte > ' ' && byte < 0x7F && byte != '\''; });
+}
+
 } // namespace
 
 std::string quotedName(const std::string& name)
 {
+    if (!name.empty() && isPlain(name))
+        return name;
     std::vector<Run> runs = runsOf(name);
     if (runs.size() == 1 && runs.front().kind == Kind::ordinary && name.find(' ') == std::string::npos)
         return name;
