@@ -17,7 +17,6 @@ ConditionSequence::ConditionSequence(CompiledConditions conditions, ScratchLayou
 // found through the index of its variable; the rest are always worked out.
 void ConditionSequence::buildIndex(ScratchLayout& layout) {
     indexed_ = true;
-    candidatesSlot_ = layout.addRunList();
     answeredByGuard_.assign(conditions_.size(), false);
     for (std::uint32_t position = 0; position < conditions_.size(); ++position) {
         const CompiledCondition& condition = *conditions_[position];
@@ -32,8 +31,12 @@ void ConditionSequence::buildIndex(ScratchLayout& layout) {
         for (const IndexableTest* guard : guards)
             addToIndex(*guard, position);
     }
-    for (PrefixTextIndex& index : prefixes_)
-        index.finish();
+    std::size_t mostCandidateRuns = 0;
+    for (std::size_t variable = 0; variable < queryVariableCount; ++variable) {
+        prefixes_[variable].finish();
+        mostCandidateRuns += (equalities_[variable].empty() ? 0 : 1) + prefixes_[variable].mostRunsPerLookup();
+    }
+    candidatesSlot_ = layout.addRunList(mostCandidateRuns);
 }
 
 void ConditionSequence::addToIndex(const IndexableTest& test, std::uint32_t position) {

@@ -20,12 +20,13 @@ namespace QuorelScript {
 // Conditions in a fixed order (the rules of one kind, the operands of an
 // or), asked which of them hold for a query. Worked out one by one in order,
 // the answer costs one evaluation per condition; here the many conditions
-// that start with a test of a variable against fixed texts are looked up in
+// that must pass a test of a variable against fixed texts are looked up in
 // an index instead, and only those whose test passes are worked out, in
 // order among the conditions that no index covers. A condition is skipped
-// only when the test it starts with fails, which ends its own evaluation
-// before it asks anything else, so nothing a host can see differs from the
-// one-by-one answer: every host-service call is still made, in its turn.
+// only when such a test fails, and the test comes before anything in the
+// condition that asks the host (CompiledCondition::guards), so nothing a
+// host can see differs from the one-by-one answer: every host-service call
+// is still made, in its turn.
 class ConditionSequence {
 public:
     static constexpr std::size_t none = static_cast<std::size_t>(-1);

@@ -5,7 +5,7 @@
 
 namespace QuorelScript {
 
-PrefixTextIndex::PrefixTextIndex() : empty_(true) {}
+PrefixTextIndex::PrefixTextIndex() : mostRuns_(0), empty_(true) {}
 
 void PrefixTextIndex::add(std::string_view text, std::uint32_t position) {
     entries_.push_back({text, position});
@@ -33,9 +33,12 @@ void PrefixTextIndex::build() {
         std::vector<Entry>::const_iterator begin, end;
         std::size_t depth;
         std::uint32_t node;
+        // The nodes with positions on the way here, this one left out: a
+        // lookup that reaches this node has found a run at each of them.
+        std::size_t runsAbove;
     };
     nodes_.push_back({});
-    std::vector<Pending> pending{{entries_.cbegin(), entries_.cend(), 0, 0}};
+    std::vector<Pending> pending{{entries_.cbegin(), entries_.cend(), 0, 0, 0}};
     while (!pending.empty()) {
         const Pending current = pending.back();
         pending.pop_back();
@@ -43,6 +46,8 @@ void PrefixTextIndex::build() {
         const std::uint32_t positionsBegin = static_cast<std::uint32_t>(positions_.size());
         for (; next != current.end && next->text.size() == current.depth; ++next)
             positions_.push_back(next->position);
+        const std::size_t runsHere = current.runsAbove + (positions_.size() > positionsBegin ? 1 : 0);
+        mostRuns_ = std::max(mostRuns_, runsHere);
         const std::uint32_t edgesBegin = static_cast<std::uint32_t>(edges_.size());
         while (next != current.end) {
             const unsigned char byte = static_cast<unsigned char>(next->text[current.depth]);
@@ -52,7 +57,7 @@ void PrefixTextIndex::build() {
             const std::uint32_t child = static_cast<std::uint32_t>(nodes_.size());
             nodes_.push_back({});
             edges_.push_back({byte, child});
-            pending.push_back({next, runEnd, current.depth + 1, child});
+            pending.push_back({next, runEnd, current.depth + 1, child, runsHere});
             next = runEnd;
         }
         nodes_[current.node] = {edgesBegin, static_cast<std::uint32_t>(edges_.size()), positionsBegin,

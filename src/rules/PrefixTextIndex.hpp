@@ -25,6 +25,8 @@ public:
     // Appends to `runs` the positions of every text that is a prefix of
     // `subject` (the empty text included): one ascending run per length.
     void collectPrefixesOf(std::string_view subject, PositionRuns& runs) const;
+    // The most runs that one call of collectPrefixesOf appends.
+    std::size_t mostRunsPerLookup() const { return mostRuns_; }
 
 private:
     struct Node {
@@ -50,6 +52,7 @@ private:
     std::vector<Node> nodes_;
     std::vector<Edge> edges_;
     std::vector<std::uint32_t> positions_;
+    std::size_t mostRuns_;
     bool empty_;
 };
 

@@ -7,7 +7,10 @@
 namespace QuorelScript {
 
 QueryContext::QueryContext(const ConfiguredVariables& configured, const ScratchLayout& layout)
-    : variables_(configured), texts_(layout.texts), runLists_(layout.runLists) {}
+    : variables_(configured), texts_(layout.texts), runLists_(layout.runListCapacities.size()) {
+    for (std::size_t slot = 0; slot < runLists_.size(); ++slot)
+        runLists_[slot].reserve(layout.runListCapacities[slot]);
+}
 
 void QueryContext::start(const char* file, const char* caller) {
     variables_.start(file, caller);

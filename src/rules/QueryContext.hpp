@@ -17,13 +17,18 @@
 namespace QuorelScript {
 
 // How many buffers of each kind the compiled conditions of a rule set use,
-// each compiled node that needs one owning a numbered slot.
+// each compiled node that needs one owning a numbered slot. A list of runs
+// has room from the start for as many runs as one lookup can find, so that
+// no query makes it grow.
 struct ScratchLayout {
     std::size_t texts = 0;
-    std::size_t runLists = 0;
+    std::vector<std::size_t> runListCapacities;
 
     std::size_t addText() { return texts++; }
-    std::size_t addRunList() { return runLists++; }
+    std::size_t addRunList(std::size_t capacity) {
+        runListCapacities.push_back(capacity);
+        return runListCapacities.size() - 1;
+    }
 };
 
 // Everything that changes while a rule set answers one query: the variables

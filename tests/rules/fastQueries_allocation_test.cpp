@@ -98,6 +98,37 @@ TEST(FastQueriesAllocation, NothingToIncludeAllocatesNothingEither) {
     EXPECT_EQ(0u, includer.count);
 }
 
+// Enough tests of a variable against fixed texts for the index to answer
+// them, each passing for the measured files while its condition fails. A
+// query that the index finds more candidates for than any before still
+// allocates nothing: the warm-up here finds none at all, and the measured
+// queries, whose names are no longer than the warm-up's, find four runs of
+// them each (three prefixes of the file, one directory).
+TEST(FastQueriesAllocation, MoreIndexHitsThanAnyBeforeAllocateNothing) {
+    std::string manyGuards;
+    for (int rule = 0; rule < 12; ++rule) {
+        const std::string n = std::to_string(rule);
+        manyGuards += "exclude if $file in [/a/, /a/b/, /a/b/c" + n + "/] and $ext == .never\n";
+        manyGuards += "exclude if $dir == /a/b/c" + n + " and $ext == .never\n";
+    }
+    for (const bool precompute : {false, true}) {
+        Parser parser;
+        std::unique_ptr<Rules> rules(parser.parse(manyGuards.c_str()));
+        if (precompute)
+            rules->precompute();
+        const char* const noHit = "/nowhere/near/any/of/the/rules/at/all.txt";
+        for (int query = 0; query < 10; ++query)
+            EXPECT_FALSE(rules->isExcluded(noHit, nullptr, noHit));
+        std::vector<std::string> hits;
+        for (int rule = 0; rule < 12; ++rule)
+            hits.push_back("/a/b/c" + std::to_string(rule) + "/d.x" + std::to_string(rule));
+        const std::size_t before = ReplacedAllocator::count();
+        for (const std::string& hit : hits)
+            EXPECT_FALSE(rules->isExcluded(hit.c_str(), nullptr, noHit));
+        EXPECT_EQ(before, ReplacedAllocator::count()) << (precompute ? "after precompute" : "as parsed");
+    }
+}
+
 // After a change of configuration the first few queries are answered rule
 // by rule, then the rules are prepared anew; after that, nothing is
 // allocated again.
