@@ -79,20 +79,31 @@ public:
         plan_ = rules.plan.get();
         context_ = &plan_->takeContext();
         ++rules.runningQueries;
-        context_->start(file, caller);
+        try {
+            context_->start(file, caller);
+        } catch (...) {
+            // Copying the names may run out of memory; the query then never
+            // ran, and must not count as running.
+            end();
+            throw;
+        }
     }
     RunningQuery(const RunningQuery&) = delete;
     RunningQuery& operator=(const RunningQuery&) = delete;
-    ~RunningQuery() {
-        plan_->giveBackContext();
-        if (--rules_.runningQueries == 0)
-            rules_.replacedPlans.reset();
-    }
+    ~RunningQuery() { end(); }
 
     const QueryPlan& plan() const { return *plan_; }
     QueryContext& context() { return *context_; }
 
 private:
+    // Gives the context back; the last query to end frees the plans that
+    // were replaced while it ran.
+    void end() {
+        plan_->giveBackContext();
+        if (--rules_.runningQueries == 0)
+            rules_.replacedPlans.reset();
+    }
+
     ParsedRules& rules_;
     QueryPlan* plan_;
     QueryContext* context_;

@@ -187,3 +187,30 @@ TEST(FastQueriesAllocation, EveryAllocationOfPrecomputeMayFail) {
     });
     EXPECT_GT(runs, 10);
 }
+
+// A query whose start runs out of memory (copying a long name) never ran:
+// the rule set keeps no plan for it, so that reconfiguring and querying
+// again and again holds no more memory than once.
+TEST(FastQueriesAllocation, AQueryThatFailsToStartLeavesNoQueryRunning) {
+    std::unique_ptr<Rules> rules = preparedRules(false);
+    rules->isExcluded("/work/src/main.c", nullptr, nullptr);
+    const std::string longName(4096, 'n');
+    for (long allowed = 0; allowed < 4; ++allowed) {
+        ReplacedAllocator::failAfter(allowed);
+        try {
+            rules->isExcluded(longName.c_str(), nullptr, longName.c_str());
+        } catch (const std::bad_alloc&) {
+        }
+        ReplacedAllocator::failAfter(-1);
+    }
+    const auto reconfigureAndAsk = [&](int round) {
+        rules->setCwd(round % 2 == 0 ? "/work" : "/other");
+        for (int query = 0; query < 6; ++query)
+            rules->isExcluded("/work/src/main.c", nullptr, nullptr);
+    };
+    reconfigureAndAsk(0);
+    const std::size_t heldAfterOne = ReplacedAllocator::held();
+    for (int round = 1; round <= 20; ++round)
+        reconfigureAndAsk(round);
+    EXPECT_EQ(heldAfterOne, ReplacedAllocator::held());
+}

@@ -7,6 +7,7 @@
 namespace {
 
 std::size_t allocationCount = 0;
+std::size_t releaseCount = 0;
 long allocationsLeft = -1;
 bool allocationFailed = false;
 
@@ -24,6 +25,12 @@ void* allocateOrNull(std::size_t size) noexcept {
     return memory;
 }
 
+void release(void* memory) noexcept {
+    if (memory != nullptr)
+        ++releaseCount;
+    std::free(memory);
+}
+
 void* allocate(std::size_t size) {
     if (void* memory = allocateOrNull(size))
         return memory;
@@ -36,6 +43,10 @@ namespace ReplacedAllocator {
 
 std::size_t count() {
     return allocationCount;
+}
+
+std::size_t held() {
+    return allocationCount - releaseCount;
 }
 
 void failAfter(long allowed) {
@@ -62,20 +73,20 @@ void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
     return allocateOrNull(size);
 }
 void operator delete(void* memory) noexcept {
-    std::free(memory);
+    release(memory);
 }
 void operator delete[](void* memory) noexcept {
-    std::free(memory);
+    release(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
+    release(memory);
 }
 void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
+    release(memory);
 }
 void operator delete(void* memory, const std::nothrow_t&) noexcept {
-    std::free(memory);
+    release(memory);
 }
 void operator delete[](void* memory, const std::nothrow_t&) noexcept {
-    std::free(memory);
+    release(memory);
 }

@@ -13,6 +13,9 @@ namespace ReplacedAllocator {
 // How many allocations have succeeded so far.
 std::size_t count();
 
+// How many of them have not been freed yet.
+std::size_t held();
+
 // Lets `allowed` more allocations succeed and fails the ones after them,
 // with std::bad_alloc (or null, for the non-throwing forms); a negative
 // number lifts the limit. Also clears failed().
