@@ -28,6 +28,13 @@ std::vector<Pair> pairs()
                                   benchmarkName(query, "yardstick", ruleCount));
         }
     }
+    // The files that include nothing, beside the loop over every file.
+    for (std::size_t ruleCount : ruleCounts)
+        made.emplace_back(benchmarkName("getIncludes", "nothingIncluded", ruleCount),
+                          benchmarkName("getIncludes", "yardstick", ruleCount));
+    // Preparing the rules, beside reading them.
+    for (std::size_t ruleCount : ruleCounts)
+        made.emplace_back(benchmarkName("precompute", "script", ruleCount), benchmarkName("parse", "script", ruleCount));
     made.emplace_back(benchmarkName("precompute", "disjunctions", disjunctionCount),
                       benchmarkName("parse", "disjunctions", disjunctionCount));
     made.emplace_back(benchmarkName("walk", "qxqr", walkTreeFiles), benchmarkName("walk", "find", walkTreeFiles));
