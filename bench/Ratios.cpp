@@ -37,7 +37,9 @@ std::vector<Pair> pairs()
         made.emplace_back(benchmarkName("precompute", "script", ruleCount), benchmarkName("parse", "script", ruleCount));
     made.emplace_back(benchmarkName("precompute", "disjunctions", disjunctionCount),
                       benchmarkName("parse", "disjunctions", disjunctionCount));
-    made.emplace_back(benchmarkName("walk", "qxqr", walkTreeFiles), benchmarkName("walk", "find", walkTreeFiles));
+    for (std::size_t folders : walkTreeFolderCounts)
+        made.emplace_back(benchmarkName("walk", "qxqr", walkTreeFilesIn(folders)),
+                          benchmarkName("walk", "find", walkTreeFilesIn(folders)));
     made.emplace_back(depsBenchmarkName("qxqr"), depsBenchmarkName("ldd"));
     made.emplace_back(depsBenchmarkName("qxqrBundleRules"), depsBenchmarkName("qxqr"));
     made.emplace_back(depsBenchmarkName("bundleRulesQuestions"), depsBenchmarkName("qxqr"));

@@ -10,7 +10,6 @@ namespace qxqr::bench {
 
 namespace {
 
-constexpr int folders = 100;
 constexpr int sourcesPerFolder = 500;
 
 void touch(const std::filesystem::path& file)
@@ -28,7 +27,7 @@ std::string numbered(char letter, int number)
 
 } // namespace
 
-void makeWalkTree(const std::string& root)
+void makeWalkTree(const std::string& root, std::size_t folders)
 {
     const std::filesystem::path marker = root + ".complete";
     if (std::filesystem::exists(marker))
@@ -37,8 +36,9 @@ void makeWalkTree(const std::string& root)
     std::filesystem::create_directories(root);
     touch(std::filesystem::path(root) / "main.c");
     touch(std::filesystem::path(root) / "main.h");
-    for (int folder = 0; folder < folders; ++folder) {
-        const std::filesystem::path directory = std::filesystem::path(root) / "src" / numbered('d', folder);
+    for (std::size_t folder = 0; folder < folders; ++folder) {
+        const std::filesystem::path directory =
+            std::filesystem::path(root) / "src" / numbered('d', static_cast<int>(folder));
         std::filesystem::create_directories(directory);
         for (int source = 0; source < sourcesPerFolder; ++source) {
             touch(directory / (numbered('f', source) + ".c"));
