@@ -12,7 +12,8 @@
 # refreshed when something has to be installed.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ make pkg-config python3 help2man libboost-dev libgtest-dev libcli11-dev nlohmann-json3-dev libelf-dev)
+# locales: the sources from which a test makes a GBK locale with localedef.
+packages=(cmake ninja-build g++ make pkg-config python3 help2man libboost-dev libgtest-dev libcli11-dev nlohmann-json3-dev libelf-dev locales)
 case "${1:-}" in
     # clang, with its fuzzer and sanitizer runtimes (libclang_rt.fuzzer and the others).
     fuzz) packages+=(clang libclang-rt-dev) ;;
