@@ -10,10 +10,10 @@ class ParserImpl;
 
 // The grammar of the rules language: one rule per production, each given its
 // body once, when the grammar is made. Productions refer to each other by
-// reference, so they are built level by level, whatever refers to whatever:
-// the lexical ones, the paths, the comparisons, the conditions over them, the
-// statements. The actions that the productions run work on the state of
-// `parser`, which must outlive the grammar.
+// reference, so a production may be built before those it refers to; they
+// are built level by level: the lexical ones, the paths, the comparisons,
+// the conditions over them, the statements. The actions that the productions
+// run work on the state of `parser`, which must outlive the grammar.
 class Grammar {
 public:
     explicit Grammar(ParserImpl& parser);
