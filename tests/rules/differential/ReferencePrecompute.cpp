@@ -16,6 +16,9 @@
 
 namespace ReferencePrecompute {
 
+// Takes ownership of `condition` and returns the node that replaces it.
+Expression<bool>* simplified(Expression<bool>* condition);
+
 namespace {
 
 typedef std::unique_ptr<Expression<bool>> Owned;

@@ -18,12 +18,11 @@ namespace ReferencePrecompute {
 
 using namespace QuorelScript;
 
-// Takes ownership of `condition` and returns the node that replaces it.
-Expression<bool>* simplified(Expression<bool>* condition);
-
-// Binds the known variables into `rules` through its own bindVariable, then
-// returns a new rule set whose exclude and prune rules are each merged into
-// one and simplified, and whose include rules are copies.
+// Binds the known variables into `rules`, a rule set the parser made (every
+// rule has a condition), through its own bindVariable, then returns a new
+// rule set whose exclude and prune rules are each merged into one and
+// simplified, and whose include rules are copies. The new set holds no
+// configuration: it is asked through PlainQueries, with `configuration`.
 std::unique_ptr<ParsedRules> precomputed(ParsedRules& rules, const PlainQueries::Configuration& configuration);
 
 } // namespace ReferencePrecompute
