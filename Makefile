@@ -181,15 +181,11 @@ format: deps-format
 
 # clang-tidy reads the compile commands of a configured build and compiles
 # each file itself, so build-tidy/ is configured, never built; without
-# precompiled headers, which clang-tidy cannot read from g++. The sources of
-# the library, the tool and the tests are checked, with the headers they
-# include from these folders.
-TIDY_SOURCES = ^$(CURDIR)/(src|tools|tests)/
-TIDY_HEADERS = ^$(CURDIR)/(include|src|tools|tests)/
+# precompiled headers, which clang-tidy cannot read from g++.
 tidy: deps-tidy
 	@$(CONFIGURE_ONLY) -B $(TIDY_DIR) -DCMAKE_BUILD_TYPE=Debug -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON \
 	    -DQXQR_BUILD_TESTS=ON >/dev/null
-	@run-clang-tidy-14 -p $(TIDY_DIR) -j $(JOBS) -quiet -header-filter='$(TIDY_HEADERS)' '$(TIDY_SOURCES)'
+	@scripts/tidy.sh $(TIDY_DIR) $(JOBS)
 
 clean: clean-tidy
 clean-tidy:
