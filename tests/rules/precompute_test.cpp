@@ -2,9 +2,11 @@
 #include "rules/ParsedRules.hpp"
 
 #include "RulesTesting.hpp"
+#include "TempTree.hpp"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <utility>
 #include <vector>
@@ -167,4 +169,16 @@ TEST(ParsedRulesPrecompute, MergedRulesAreFreedAndTheirConditionsKept) {
         EXPECT_EQ(rules.getLastMatchText(), "E1");
     }
     EXPECT_EQ(tracker.alive, 0);
+}
+
+// Intended: the file a fixed path names is the same for every query, so
+// precompute asks once and keeps the answer, even when the file goes later.
+TEST(ParsedRulesPrecompute, ExistsOverAFixedPathIsAskedOnceAtPrecompute) {
+    TempTree tree;
+    const std::string marker = tree.file("marker");
+    ParsedRules rules(excludeRules({rule<ExcludeRule>("E", exists(marker))}), nullptr, nullptr);
+    rules.precompute();
+    std::filesystem::remove(marker);
+    EXPECT_EQ(printed(rules), "\texclude if true\n\n");
+    EXPECT_TRUE(rules.isExcluded("/f", nullptr, nullptr));
 }
