@@ -13,7 +13,7 @@ namespace {
 std::string traceOf(const std::string& text, bool verbose = true) {
     ParserImpl impl;
     impl.setDebugVerbose(verbose);
-    StandardOutputCapture output;
+    StreamCapture output;
     EXPECT_TRUE(matchAll(impl, text));
     return output.text();
 }
@@ -83,7 +83,7 @@ TEST(DebugTrace, TraceNeverGoesToTheErrorSink) {
     QuorelScript::Parser parser;
     std::ostringstream errors;
     parser.setErrorSink(&errors);
-    StandardOutputCapture output;
+    StreamCapture output;
     std::unique_ptr<QuorelScript::Rules> rules(parser.parse("exclude if a == b\n", true));
     EXPECT_NE(nullptr, rules);
     EXPECT_EQ("", errors.str());
