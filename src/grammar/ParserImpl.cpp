@@ -137,7 +137,7 @@ void ParserImpl::buildGrammar() {
     not_in_tail = ((lit("not in") >> boundary() >> zero_or_more(ref(blank)) >>
                     ref(path_list))[PushBinaryOp<InExpression>(*this)])[PushUnaryOp<NotExpression<bool>>(*this)];
 
-    equals_tail = (pelor::epsilon{}[DebugPrintMessage(*this, "Attempting to parse equals expression")] >> lit("==") >>
+    equals_tail = (DebugPrintMessage(*this, "Attempting to parse equals expression") >> lit("==") >>
                    zero_or_more(ref(blank)) >> ref(path))[PushBinaryOp<EqualsExpression<Path>>(*this)];
 
     not_equals_tail = ((lit("!=") >> zero_or_more(ref(blank)) >>
