@@ -131,7 +131,7 @@ void Grammar::buildComparisons() {
     not_in_tail = ((lit("not in") >> boundary() >> zero_or_more(ref(blank)) >>
                     ref(path_list))[PushBinaryOp<InExpression>(parser_)])[PushUnaryOp<NotExpression<bool>>(parser_)];
 
-    equals_tail = (pelor::epsilon{}[DebugPrintMessage(parser_, "Attempting to parse equals expression")] >>
+    equals_tail = (DebugPrintMessage(parser_, "Attempting to parse equals expression") >>
                    lit("==") >> zero_or_more(ref(blank)) >> ref(path))[PushBinaryOp<EqualsExpression<Path>>(parser_)];
 
     not_equals_tail = ((lit("!=") >> zero_or_more(ref(blank)) >>

@@ -11,6 +11,7 @@
 
 #include <qxqrscript/host.hpp>
 
+#include <cstddef>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -31,8 +32,9 @@ void deleteRuleList(std::vector<Rule*>* rules) {
 // Takes ownership of `rule`, also when the list cannot grow. A rule set made
 // from a script without rules of this kind has no list for them; appending a
 // later script's rule creates it, so that several scripts can be combined in
-// any order. A present list prints exactly as before, so only the crash that
-// a missing list would cause is avoided.
+// any order. The list is made only when a rule comes: a kind that never gets
+// one stays null, and a null list prints nothing, not even the empty line
+// that ends a block.
 template <class Rule>
 void appendOwned(std::vector<Rule*>*& rules, Rule* rule) {
     std::unique_ptr<Rule> owned(rule);
@@ -214,7 +216,13 @@ void ParsedRules::setCwd(const char* dir) {
 }
 
 int ParsedRules::setCwdFromProcess() {
-    char buffer[8706] = {};
+    // The buffer's size is part of the call's contract with the host rather
+    // than a guess at the longest path: a host may define its own hbGetcwd in
+    // place of the library's, and that one is handed this size. A current
+    // directory whose name, with its NUL, needs more makes the call fail; the
+    // buffer starts zeroed, so the directory is then the empty text.
+    constexpr std::size_t hostCwdBufferSize = 8706;
+    char buffer[hostCwdBufferSize] = {};
     hbGetcwd(buffer, sizeof buffer);
     const Path directory{std::string(buffer)};
     setCwd(directory.c_str());
