@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "expr/pathTextNormalForm.hpp"
 
+#include "BestTime.hpp"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <clocale>
 #include <string>
 
@@ -80,20 +81,15 @@ TEST(pathTextNormalForm, CollapsesAlikeInUtf8) {
 
 // A long run of slashes costs time in proportion to its length: sixty-four
 // times the slashes may not take more than 512 times as long (a quadratic
-// collapse would take about 4096 times). The best of a few runs is
-// compared, and the margin is wide, so that a busy machine does not decide.
+// collapse would take about 4096 times).
 TEST(pathTextNormalForm, CollapsingIsLinearInTheSlashes) {
     const auto timeToCollapse = [](std::size_t length) {
-        double best = 1e9;
-        for (int run = 0; run < 5; ++run) {
+        return bestOf(5, [length] {
             std::string slashes(length, '/');
-            const auto start = std::chrono::steady_clock::now();
-            collapseDoubledSlashes(slashes);
-            const auto elapsed = std::chrono::steady_clock::now() - start;
+            const double seconds = secondsOf([&slashes] { collapseDoubledSlashes(slashes); });
             EXPECT_EQ("/", slashes);
-            best = std::min(best, std::chrono::duration<double>(elapsed).count());
-        }
-        return best;
+            return seconds;
+        });
     };
     const double small = timeToCollapse(1 << 14);
     const double large = timeToCollapse(1 << 20);

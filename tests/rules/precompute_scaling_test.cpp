@@ -3,13 +3,13 @@
 // number, whatever the simplification has to do with them: sixteen times
 // the rules may not take more than sixty-four times as long (a quadratic
 // pass would take about 256 times).
+#include "BestTime.hpp"
+
 #include <qxqrscript/Parser.hpp>
 #include <qxqrscript/Rules.hpp>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <chrono>
 #include <memory>
 #include <string>
 
@@ -31,18 +31,14 @@ std::string manyRules(const std::string& shape, int count) {
 double secondsToPrecompute(const std::string& shape, int rules) {
     QuorelScript::Parser parser;
     std::unique_ptr<QuorelScript::Rules> parsed(parser.parse(manyRules(shape, rules).c_str()));
-    const auto start = std::chrono::steady_clock::now();
-    parsed->precompute();
-    const auto elapsed = std::chrono::steady_clock::now() - start;
+    const double seconds = secondsOf([&parsed] { parsed->precompute(); });
     EXPECT_TRUE(parsed->isExcluded("/p/7.c", nullptr, nullptr)) << shape;
     EXPECT_FALSE(parsed->isExcluded("/p/x.c", nullptr, nullptr)) << shape;
-    return std::chrono::duration<double>(elapsed).count();
+    return seconds;
 }
 
-// The best of three runs is compared, so that a busy machine does not decide.
 double bestSecondsToPrecompute(const std::string& shape, int rules) {
-    return std::min({secondsToPrecompute(shape, rules), secondsToPrecompute(shape, rules),
-                     secondsToPrecompute(shape, rules)});
+    return bestOf(3, [&] { return secondsToPrecompute(shape, rules); });
 }
 
 void expectLinear(const std::string& shape, int few) {

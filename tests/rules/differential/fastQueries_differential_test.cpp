@@ -2,7 +2,8 @@
 // The prepared queries answer exactly as the plain evaluation does: for
 // random scripts, configurations and files, the same answers, the same match
 // texts, the same files handed to the includer and the same host-service
-// calls in the same order, before and after precompute. Precompute itself is
+// calls in the same order, and the same written to standard output, where
+// the debug trace goes, before and after precompute. Precompute itself is
 // held to the plain rewrite: the same printed rules and the same host calls.
 // Both sides share what is not being proved here (the bindings, evaluate,
 // bindVariable, print, the include expansion); their own tests cover them.
@@ -10,6 +11,7 @@
 #include "PlainQueries.hpp"
 #include "RecordingHostServices.hpp"
 #include "ReferencePrecompute.hpp"
+#include "StreamCapture.hpp"
 
 #include "rules/ParsedRules.hpp"
 
@@ -274,38 +276,57 @@ int questionsAsked(const List* rules) {
     return rules != nullptr && !rules->empty() ? 1 : 0;
 }
 
+// What one side of a comparison leaves to be seen: the host calls and the
+// includer's paths in order, and what it wrote to standard output, where
+// the debug trace goes.
+struct Observed {
+    std::vector<std::string> calls;
+    std::string output;
+};
+
+template <class Ask>
+Observed observe(Ask ask) {
+    std::vector<std::string>& log = RecordingHostServices::log();
+    log.clear();
+    const qxqr::StreamCapture output;
+    ask();
+    return {log, output.text()};
+}
+
+void expectAlike(const Observed& plain, const Observed& fast, const char* question) {
+    EXPECT_EQ(plain.calls, fast.calls) << question;
+    EXPECT_EQ(plain.output, fast.output) << question << ", standard output";
+}
+
 // Asks both twins the three questions about one file and compares all that
 // can be seen; returns how many of the questions had rules to answer them.
 int compareQueries(Twins& twins, const char* file, const char* caller) {
-    std::vector<std::string>& log = RecordingHostServices::log();
     RecordingIncluder includer;
 
-    log.clear();
-    const bool fastExcluded = twins.fast->isExcluded(file, nullptr, caller);
-    const std::vector<std::string> fastExcludeCalls = log;
-    log.clear();
-    const bool plainExcluded = PlainQueries::firstMatch(twins.plain->excludeRuleList(), twins.configuration, file,
-                                                        caller, twins.plainLastMatch);
+    bool fastExcluded = false, plainExcluded = false;
+    const Observed fastExclude = observe([&] { fastExcluded = twins.fast->isExcluded(file, nullptr, caller); });
+    const Observed plainExclude = observe([&] {
+        plainExcluded = PlainQueries::firstMatch(twins.plain->excludeRuleList(), twins.configuration, file, caller,
+                                                 twins.plainLastMatch);
+    });
     EXPECT_EQ(plainExcluded, fastExcluded) << "isExcluded";
-    EXPECT_EQ(log, fastExcludeCalls) << "isExcluded";
+    expectAlike(plainExclude, fastExclude, "isExcluded");
     EXPECT_EQ(twins.plainLastMatch, twins.fast->getLastMatchText()) << "getLastMatchText after isExcluded";
 
-    log.clear();
-    const bool fastPruned = twins.fast->isPruned(file, nullptr, caller);
-    const std::vector<std::string> fastPruneCalls = log;
-    log.clear();
-    const bool plainPruned = PlainQueries::firstMatch(twins.plain->pruneRuleList(), twins.configuration, file, caller,
-                                                      twins.plainLastMatch);
+    bool fastPruned = false, plainPruned = false;
+    const Observed fastPrune = observe([&] { fastPruned = twins.fast->isPruned(file, nullptr, caller); });
+    const Observed plainPrune = observe([&] {
+        plainPruned = PlainQueries::firstMatch(twins.plain->pruneRuleList(), twins.configuration, file, caller,
+                                               twins.plainLastMatch);
+    });
     EXPECT_EQ(plainPruned, fastPruned) << "isPruned";
-    EXPECT_EQ(log, fastPruneCalls) << "isPruned";
+    expectAlike(plainPrune, fastPrune, "isPruned");
     EXPECT_EQ(twins.plainLastMatch, twins.fast->getLastMatchText()) << "getLastMatchText after isPruned";
 
-    log.clear();
-    twins.fast->getIncludes(file, nullptr, includer);
-    const std::vector<std::string> fastIncludeCalls = log;
-    log.clear();
-    PlainQueries::includes(twins.plain->includeRuleList(), twins.configuration, file, includer);
-    EXPECT_EQ(log, fastIncludeCalls) << "getIncludes";
+    const Observed fastInclude = observe([&] { twins.fast->getIncludes(file, nullptr, includer); });
+    const Observed plainInclude = observe(
+        [&] { PlainQueries::includes(twins.plain->includeRuleList(), twins.configuration, file, includer); });
+    expectAlike(plainInclude, fastInclude, "getIncludes");
     EXPECT_EQ(twins.plainLastMatch, twins.fast->getLastMatchText()) << "getLastMatchText after getIncludes";
     return questionsAsked(twins.plain->excludeRuleList()) + questionsAsked(twins.plain->pruneRuleList()) +
            questionsAsked(twins.plain->includeRuleList());
@@ -320,13 +341,10 @@ std::string printed(const ParsedRules& rules) {
 // Precomputes the fast twin and replaces the plain one by the plain
 // rewrite of it; both must print alike and ask the host the same.
 void precomputeBoth(Twins& twins) {
-    std::vector<std::string>& log = RecordingHostServices::log();
-    log.clear();
-    twins.fast->precompute();
-    const std::vector<std::string> fastCalls = log;
-    log.clear();
-    twins.plain = ReferencePrecompute::precomputed(*twins.plain, twins.configuration);
-    EXPECT_EQ(log, fastCalls) << "precompute";
+    const Observed fast = observe([&] { twins.fast->precompute(); });
+    const Observed plain =
+        observe([&] { twins.plain = ReferencePrecompute::precomputed(*twins.plain, twins.configuration); });
+    expectAlike(plain, fast, "precompute");
     EXPECT_EQ(printed(*twins.plain), printed(*twins.fast)) << "precompute";
     EXPECT_EQ(twins.plainLastMatch, twins.fast->getLastMatchText()) << "getLastMatchText after precompute";
 }
