@@ -6,7 +6,7 @@
 // CTest makes first, found through LOCPATH.
 #include "expr/pathTextNormalForm.hpp"
 
-#include "BestTime.hpp"
+#include "SlashCollapseTiming.hpp"
 
 #include <qxqrscript/host.hpp>
 
@@ -112,21 +112,9 @@ TEST_F(InAGbkLocale, SearchingManyPairsLooksAtEachByteAFewTimes) {
 }
 
 // However the search is used, the slashes it finds are dropped in time
-// linear in the text: sixty-four times the slashes may not take more than
-// 512 times as long (moving the rest of the text at each slash would take
-// about 4096 times).
+// linear in the text.
 TEST_F(InAGbkLocale, CollapsingIsLinearInTheSlashes) {
-    const auto timeToCollapse = [](std::size_t length) {
-        return bestOf(5, [length] {
-            std::string slashes(length, '/');
-            const double seconds = secondsOf([&slashes] { collapseDoubledSlashes(slashes); });
-            EXPECT_EQ("/", slashes);
-            return seconds;
-        });
-    };
-    const double small = timeToCollapse(1 << 12);
-    const double large = timeToCollapse(1 << 18);
-    EXPECT_LT(large, 512 * small + 0.001) << small << " s against " << large << " s";
+    expectCollapsingLinearInTheSlashes(1 << 12);
 }
 
 TEST(PathTextNormalFormInUtf8, SlashesAreCollapsedWithoutTheHostsSearch) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "expr/pathTextNormalForm.hpp"
 
-#include "BestTime.hpp"
+#include "SlashCollapseTiming.hpp"
 
 #include <gtest/gtest.h>
 
@@ -79,19 +79,6 @@ TEST(pathTextNormalForm, CollapsesAlikeInUtf8) {
         GTEST_SKIP() << "no C.UTF-8 locale on this machine";
 }
 
-// A long run of slashes costs time in proportion to its length: sixty-four
-// times the slashes may not take more than 512 times as long (a quadratic
-// collapse would take about 4096 times).
 TEST(pathTextNormalForm, CollapsingIsLinearInTheSlashes) {
-    const auto timeToCollapse = [](std::size_t length) {
-        return bestOf(5, [length] {
-            std::string slashes(length, '/');
-            const double seconds = secondsOf([&slashes] { collapseDoubledSlashes(slashes); });
-            EXPECT_EQ("/", slashes);
-            return seconds;
-        });
-    };
-    const double small = timeToCollapse(1 << 14);
-    const double large = timeToCollapse(1 << 20);
-    EXPECT_LT(large, 512 * small + 0.001) << small << " s against " << large << " s";
+    expectCollapsingLinearInTheSlashes(1 << 14);
 }

@@ -23,6 +23,22 @@ std::string traceOf(const std::string& text, bool verbose = true) {
     return output.text();
 }
 
+// What standard output receives while the script from `begin` to `end` is
+// parsed with the flag set; the whole range must match.
+std::string traceOfRange(const char* begin, const char* end) {
+    ParserImpl impl;
+    impl.setDebugVerbose(true);
+    StreamCapture output;
+    const char* cursor = begin;
+    impl.matchScript(cursor, end);
+    EXPECT_EQ(end, cursor);
+    return output.text();
+}
+
+const char* const traceOfAEqualsB = "Attempting to parse equals expression at line 1: == b\n"
+                                    "Parsed (boolean expression): a == b\n"
+                                    "    parse tree: equals(a,b)\n";
+
 } // namespace
 
 TEST(DebugTrace, EqualsMessageThenTheParsedCondition) {
@@ -99,17 +115,7 @@ TEST(DebugTrace, TraceNeverGoesToTheErrorSink) {
 // trace shows the line up to the end of the input and reads nothing beyond.
 TEST(DebugTrace, RestOfLineStopsWhereTheInputEnds) {
     const std::string text = "exclude if a == b c\n";
-    const char* cursor = text.c_str();
-    const char* end = cursor + text.find(" c");
-    ParserImpl impl;
-    impl.setDebugVerbose(true);
-    StreamCapture output;
-    impl.matchScript(cursor, end);
-    EXPECT_EQ(end, cursor);
-    EXPECT_EQ("Attempting to parse equals expression at line 1: == b\n"
-              "Parsed (boolean expression): a == b\n"
-              "    parse tree: equals(a,b)\n",
-              output.text());
+    EXPECT_EQ(traceOfAEqualsB, traceOfRange(text.c_str(), text.c_str() + text.find(" c")));
 }
 
 // Input that ends neither with a line end nor with a NUL, in a buffer of
@@ -119,17 +125,7 @@ TEST(DebugTrace, RestOfLineNeverReadsPastTheInput) {
     const std::string script = "exclude if a == b";
     const std::unique_ptr<char[]> bytes(new char[script.size()]);
     std::memcpy(bytes.get(), script.data(), script.size());
-    const char* cursor = bytes.get();
-    const char* end = cursor + script.size();
-    ParserImpl impl;
-    impl.setDebugVerbose(true);
-    StreamCapture output;
-    impl.matchScript(cursor, end);
-    EXPECT_EQ(end, cursor);
-    EXPECT_EQ("Attempting to parse equals expression at line 1: == b\n"
-              "Parsed (boolean expression): a == b\n"
-              "    parse tree: equals(a,b)\n",
-              output.text());
+    EXPECT_EQ(traceOfAEqualsB, traceOfRange(bytes.get(), bytes.get() + script.size()));
 }
 
 // The same over string iterators, where the position at the end of the
