@@ -3,6 +3,7 @@
 
 #include "host/textOrEmpty.hpp"
 #include "expr/Bindings.hpp"
+#include "expr/OwnedPointers.hpp"
 #include "expr/Path.hpp"
 #include "rules/QueryPlan.hpp"
 #include "rules/expandIncludeRule.hpp"
@@ -18,29 +19,6 @@
 namespace QuorelScript {
 
 namespace {
-
-template <class Rule>
-void deleteRuleList(std::vector<Rule*>* rules) {
-    if (rules == nullptr)
-        return;
-    for (Rule* rule : *rules)
-        delete rule;
-    delete rules;
-}
-
-// Takes ownership of `rule`, also when the list cannot grow. A rule set made
-// from a script without rules of this kind has no list for them; appending a
-// later script's rule creates it, so that several scripts can be combined in
-// any order. A present list prints exactly as before, so only the crash that
-// a missing list would cause is avoided.
-template <class Rule>
-void appendOwned(std::vector<Rule*>*& rules, Rule* rule) {
-    std::unique_ptr<Rule> owned(rule);
-    if (rules == nullptr)
-        rules = new std::vector<Rule*>;
-    rules->push_back(rule);
-    owned.release();
-}
 
 template <class Rule>
 void substituteInto(std::vector<Rule*>* rules, const Bindings& bindings) {
@@ -120,9 +98,9 @@ ParsedRules::ParsedRules(ExcludeRuleList* excludeRules, PruneRuleList* pruneRule
       plainAnswersSinceChange(0) {}
 
 ParsedRules::~ParsedRules() {
-    deleteRuleList(excludeRules);
-    deleteRuleList(includeRules);
-    deleteRuleList(pruneRules);
+    deleteOwned(excludeRules);
+    deleteOwned(includeRules);
+    deleteOwned(pruneRules);
 }
 
 template <class Rule>
@@ -247,18 +225,23 @@ const std::string& ParsedRules::getLastMatchText() const {
     return lastMatchText;
 }
 
+// Each takes ownership of `rule`, also when the list cannot grow. A rule set
+// made from a script without rules of this kind has no list for them;
+// appending a later script's rule creates it, so that several scripts can be
+// combined in any order. A present list prints exactly as before, so only the
+// crash that a missing list would cause is avoided.
 void ParsedRules::appendExcludeRule(ExcludeRule* rule) {
-    appendOwned(excludeRules, rule);
+    pushOwnedCreatingList(excludeRules, rule);
     rulesChanged();
 }
 
 void ParsedRules::appendIncludeRule(IncludeRule* rule) {
-    appendOwned(includeRules, rule);
+    pushOwnedCreatingList(includeRules, rule);
     rulesChanged();
 }
 
 void ParsedRules::appendPruneRule(PruneRule* rule) {
-    appendOwned(pruneRules, rule);
+    pushOwnedCreatingList(pruneRules, rule);
     rulesChanged();
 }
 

@@ -13,6 +13,8 @@
 #include "grammar/Owned.hpp"
 #include "rules/Rule.hpp"
 
+#include <utility>
+
 namespace QuorelScript {
 
 // What an operation of the grammar takes from the operand stacks (Operand,
@@ -29,9 +31,7 @@ struct UnaryNodeOperation {
     typedef R Result;
 
     static Owned<R> build(Owned<A> operand) {
-        Owned<R> node(new X(operand.get()));
-        operand.release();
-        return node;
+        return Owned<R>(newOwner<X>(std::move(operand)));
     }
 };
 
@@ -43,10 +43,7 @@ struct BinaryNodeOperation {
     typedef R Result;
 
     static Owned<R> build(Owned<A> left, Owned<B> right) {
-        Owned<R> node(new X(left.get(), right.get()));
-        left.release();
-        right.release();
-        return node;
+        return Owned<R>(newOwner<X>(std::move(left), std::move(right)));
     }
 };
 
