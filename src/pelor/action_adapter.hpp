@@ -28,14 +28,14 @@ public:
     bool match(Iterator& pos, Iterator end) const
     {
         const Iterator start = pos;
-        Iterator cursor = start;
-        if (!subject_.match(cursor, end)) {
-            return false;
-        }
-        const Iterator stop = cursor;
-        action_(start, stop);
-        pos = stop;
-        return true;
+        return detail::all_or_nothing(pos, [this, start, end](Iterator& cursor) {
+            if (!subject_.match(cursor, end)) {
+                return false;
+            }
+            const Iterator stop = cursor;
+            action_(start, stop);
+            return true;
+        });
     }
 
 private:

@@ -17,12 +17,8 @@ public:
     template <class Iterator>
     bool match(Iterator& pos, Iterator end) const
     {
-        Iterator cursor = pos;
-        if (!left_.match(cursor, end) || !right_.match(cursor, end)) {
-            return false;
-        }
-        pos = cursor;
-        return true;
+        return detail::all_or_nothing(
+            pos, [this, end](Iterator& cursor) { return left_.match(cursor, end) && right_.match(cursor, end); });
     }
 
 private:

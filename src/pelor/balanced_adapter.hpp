@@ -36,7 +36,15 @@ public:
     template <class Iterator>
     bool match(Iterator& pos, Iterator end) const
     {
-        Iterator cursor = pos;
+        return detail::all_or_nothing(pos, [this, end](Iterator& cursor) { return close_levels(cursor, end); });
+    }
+
+private:
+    // Moves `cursor` over items and nested levels up to the close of the
+    // level it starts in; false where a close is due and does not match.
+    template <class Iterator>
+    bool close_levels(Iterator& cursor, Iterator end) const
+    {
         std::size_t open = 1;
         while (open > 0) {
             if (open_.match(cursor, end)) {
@@ -51,11 +59,9 @@ public:
             }
             --open;
         }
-        pos = cursor;
         return true;
     }
 
-private:
     Open open_;
     Item item_;
     Close close_;

@@ -36,20 +36,20 @@ public:
     bool match(Iterator& pos, Iterator end) const
     {
         const Iterator start = pos;
-        Iterator cursor = start;
-        if (!first_.match(cursor, end)) {
-            return false;
-        }
-        std::size_t links = 0;
-        while (link_.match(cursor, end)) {
-            ++links;
-        }
-        const Iterator stop = cursor;
-        for (; links > 0; --links) {
-            fold_(start, stop);
-        }
-        pos = stop;
-        return true;
+        return detail::all_or_nothing(pos, [this, start, end](Iterator& cursor) {
+            if (!first_.match(cursor, end)) {
+                return false;
+            }
+            std::size_t links = 0;
+            while (link_.match(cursor, end)) {
+                ++links;
+            }
+            const Iterator stop = cursor;
+            for (; links > 0; --links) {
+                fold_(start, stop);
+            }
+            return true;
+        });
     }
 
 private:

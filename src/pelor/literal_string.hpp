@@ -22,15 +22,15 @@ public:
     template <class Iterator>
     bool match(Iterator& pos, Iterator end) const
     {
-        Iterator cursor = pos;
-        for (char expected : text_) {
-            if (cursor == end || *cursor != expected) {
-                return false;
+        return detail::all_or_nothing(pos, [this, end](Iterator& cursor) {
+            for (char expected : text_) {
+                if (cursor == end || *cursor != expected) {
+                    return false;
+                }
+                ++cursor;
             }
-            ++cursor;
-        }
-        pos = cursor;
-        return true;
+            return true;
+        });
     }
 
 private:

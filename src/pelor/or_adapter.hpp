@@ -23,17 +23,13 @@ public:
     }
 
 private:
-    // Matches `alternative` on a fresh copy of the starting position, and
-    // hands the copy back only on success.
+    // Matches `alternative` from the starting position, which it leaves
+    // alone unless the alternative matches.
     template <class Alternative, class Iterator>
     static bool attempt(const Alternative& alternative, Iterator& pos, Iterator end)
     {
-        Iterator cursor = pos;
-        if (!alternative.match(cursor, end)) {
-            return false;
-        }
-        pos = cursor;
-        return true;
+        return detail::all_or_nothing(pos,
+                                      [&alternative, end](Iterator& cursor) { return alternative.match(cursor, end); });
     }
 
     A left_;

@@ -26,16 +26,13 @@ public:
     template <class Iterator>
     bool match(Iterator& pos, Iterator end) const
     {
-        Iterator cursor = pos;
-        int count = 0;
-        while (count != Max && operand_.match(cursor, end)) {
-            ++count;
-        }
-        if (count < Min) {
-            return false;
-        }
-        pos = cursor;
-        return true;
+        return detail::all_or_nothing(pos, [this, end](Iterator& cursor) {
+            int count = 0;
+            while (count != Max && operand_.match(cursor, end)) {
+                ++count;
+            }
+            return count >= Min;
+        });
     }
 
 private:
