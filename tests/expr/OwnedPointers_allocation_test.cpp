@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Handing a pointer over takes its ownership even when the allocation that
-// the hand-over needs fails: the element is deleted, whatever held it before
-// is as it was, and nothing stays allocated.
+// the hand-over needs fails: the element is deleted, the vector keeps what it
+// had, and nothing stays allocated.
 #include "expr/OwnedPointers.hpp"
 
 #include "ReplacedAllocator.hpp"
@@ -13,12 +13,7 @@
 #include <utility>
 #include <vector>
 
-using QuorelScript::deleteEach;
-using QuorelScript::deleteOwned;
-using QuorelScript::newOwner;
-using QuorelScript::OwnedPointer;
-using QuorelScript::pushOwned;
-using QuorelScript::pushOwnedCreatingList;
+using namespace QuorelScript;
 
 namespace {
 
@@ -74,27 +69,19 @@ TEST_F(FailingAllocations, PushThatCannotGrowTheVectorDeletesTheElement) {
     deleteEach(list);
 }
 
-TEST_F(FailingAllocations, PushThatCannotCreateTheListDeletesTheElement) {
-    CountedList* list = nullptr;
-    Counted* element = new Counted;
-    ReplacedAllocator::failAfter(0);
-    EXPECT_THROW(pushOwnedCreatingList(list, element), std::bad_alloc);
-    ReplacedAllocator::failAfter(-1);
-    EXPECT_EQ(nullptr, list);
-    EXPECT_EQ(0, Counted::alive);
-}
-
-// The list is made, but has no room for the element.
-TEST_F(FailingAllocations, PushIntoANewListThatCannotGrowDeletesTheElement) {
-    CountedList* list = nullptr;
-    Counted* element = new Counted;
-    ReplacedAllocator::failAfter(1);
-    EXPECT_THROW(pushOwnedCreatingList(list, element), std::bad_alloc);
-    ReplacedAllocator::failAfter(-1);
-    EXPECT_EQ(0, Counted::alive);
-    ASSERT_NE(nullptr, list);
-    EXPECT_TRUE(list->empty());
-    deleteOwned(list);
+// The first allocation makes the list, the second its room for the element.
+TEST_F(FailingAllocations, PushThatCannotCreateOrGrowANewListDeletesTheElement) {
+    for (long allowed : {0L, 1L}) {
+        CountedList* list = nullptr;
+        Counted* element = new Counted;
+        ReplacedAllocator::failAfter(allowed);
+        EXPECT_THROW(pushOwnedCreatingList(list, element), std::bad_alloc);
+        ReplacedAllocator::failAfter(-1);
+        EXPECT_EQ(0, Counted::alive) << allowed;
+        EXPECT_EQ(allowed == 0, list == nullptr) << allowed;
+        EXPECT_TRUE(list == nullptr || list->empty()) << allowed;
+        deleteOwned(list);
+    }
 }
 
 TEST_F(FailingAllocations, NewOwnerThatCannotBeAllocatedDeletesItsPart) {

@@ -11,12 +11,7 @@
 #include <utility>
 #include <vector>
 
-using QuorelScript::deleteEach;
-using QuorelScript::deleteOwned;
-using QuorelScript::newOwner;
-using QuorelScript::OwnedPointer;
-using QuorelScript::pushOwned;
-using QuorelScript::pushOwnedCreatingList;
+using namespace QuorelScript;
 
 namespace {
 
