@@ -23,6 +23,12 @@
 #                      build-install/ without the tests
 #   make deb           Debian packages of the two install components, in
 #                      build-deb/
+#   make format-check  fails, naming the files, where a C++ file's layout
+#                      differs from what .clang-format says (clang-format 14)
+#   make format        lays those files out as .clang-format says
+#   make tidy          clang-tidy 14, with the checks of .clang-tidy, over
+#                      the library and the tool, from the compile commands
+#                      of build-tidy/; any finding fails it
 #
 # Missing Debian packages are installed first, once for each set of them
 # (the stamps in build-deps/); NO_DEPS=1 leaves that out. Ninja builds when
@@ -38,6 +44,7 @@ FUZZ_TARGETS    = script file_reader elf
 BENCH_DIR      ?= build-bench
 DEB_DIR        ?= build-deb
 INSTALL_DIR    ?= build-install
+TIDY_DIR       ?= build-tidy
 BENCH_ARGS     ?=
 BUILD_TYPE     ?= RelWithDebInfo
 PREFIX         ?= /usr/local
@@ -56,6 +63,7 @@ export UBSAN_OPTIONS = print_stacktrace=1:halt_on_error=1
 
 .PHONY: all build test test-sanitize test-i386 test-i386-library test-compilers abi-check \
         abi-baseline fuzz demo bench install deb clean
+.PHONY: format-check format tidy clean-tidy
 
 all: build
 
@@ -162,6 +170,27 @@ deb: deps-build deps-deb
 	    -DQXQR_BUILD_TESTS=OFF >/dev/null
 	@cmake --build $(DEB_DIR) -j $(JOBS)
 	cd $(DEB_DIR) && cpack -G DEB
+
+# Every file's layout is clang-format 14's, whichever version is the
+# default: another version lays out some files otherwise.
+format-check: deps-format
+	@scripts/format.sh check
+
+format: deps-format
+	@scripts/format.sh apply
+
+# clang-tidy reads the compile commands of a configured build and compiles
+# each file itself, so build-tidy/ is configured, never built; without
+# precompiled headers, which clang-tidy cannot read from g++. Without the
+# tests, which would double the time (see scripts/tidy.sh).
+tidy: deps-tidy
+	@$(CONFIGURE_ONLY) -B $(TIDY_DIR) -DCMAKE_BUILD_TYPE=Debug -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON \
+	    -DQXQR_BUILD_TESTS=OFF >/dev/null
+	@scripts/tidy.sh $(TIDY_DIR) $(JOBS)
+
+clean: clean-tidy
+clean-tidy:
+	rm -rf $(TIDY_DIR)
 
 clean:
 	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(I386_DIR) $(I386_GTEST_DIR) $(FUZZ_DIR) $(BENCH_DIR) $(DEB_DIR) $(INSTALL_DIR) \

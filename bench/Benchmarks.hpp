@@ -2,6 +2,7 @@
 #ifndef QXQR_BENCH_BENCHMARKS_HPP
 #define QXQR_BENCH_BENCHMARKS_HPP
 
+#include <cstddef>
 #include <string>
 
 namespace qxqr::bench {
@@ -17,6 +18,10 @@ void registerDepsBenchmarks();
 // The name of a `qxqr deps` figure: "qxqr", "qxqrBundleRules", "ldd" or
 // "bundleRulesQuestions", sized by the programs of /usr/bin it runs over.
 std::string depsBenchmarkName(const std::string& on);
+
+// The lengths of the file names made of slashes only that a query is asked
+// about; the second is left out when QXQR_BENCH_SKIP_HUGE_NAME is set.
+inline constexpr std::size_t slashNameLengths[] = {65536, 1000000};
 
 } // namespace qxqr::bench
 

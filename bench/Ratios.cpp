@@ -37,6 +37,8 @@ std::vector<Pair> pairs()
         made.emplace_back(benchmarkName("precompute", "script", ruleCount), benchmarkName("parse", "script", ruleCount));
     made.emplace_back(benchmarkName("precompute", "disjunctions", disjunctionCount),
                       benchmarkName("parse", "disjunctions", disjunctionCount));
+    for (std::size_t length : slashNameLengths)
+        made.emplace_back(benchmarkName("isExcluded", "slashes", length), benchmarkName("slashes", "yardstick", length));
     for (std::size_t folders : walkTreeFolderCounts)
         made.emplace_back(benchmarkName("walk", "qxqr", walkTreeFilesIn(folders)),
                           benchmarkName("walk", "find", walkTreeFilesIn(folders)));

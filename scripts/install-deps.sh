@@ -8,11 +8,14 @@
 #   scripts/install-deps.sh abi     that and what the interface check needs
 #   scripts/install-deps.sh compilers  that and the second compiler of CI
 #   scripts/install-deps.sh deb     that and what `make deb` needs
+#   scripts/install-deps.sh format  that and clang-format 14, for `make format`
+#   scripts/install-deps.sh tidy    that and clang-tidy 14, for `make tidy`
 # Quiet and quick when everything is present; the package lists are only
 # refreshed when something has to be installed.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ make pkg-config python3 help2man libboost-dev libgtest-dev libcli11-dev nlohmann-json3-dev libelf-dev)
+# locales: the sources from which a test makes a GBK locale with localedef.
+packages=(cmake ninja-build g++ make pkg-config python3 help2man libboost-dev libgtest-dev libcli11-dev nlohmann-json3-dev libelf-dev locales)
 case "${1:-}" in
     # clang, with its fuzzer and sanitizer runtimes (libclang_rt.fuzzer and the others).
     fuzz) packages+=(clang libclang-rt-dev) ;;
@@ -26,8 +29,12 @@ case "${1:-}" in
     compilers) packages+=(g++-12 clang-14 libclang-rt-14-dev) ;;
     # dpkg-shlibdeps, which gives the packages their dependencies.
     deb) packages+=(dpkg-dev) ;;
+    # A version of its own, whichever is the default: another version lays
+    # out or checks the same code otherwise.
+    format) packages+=(clang-format-14) ;;
+    tidy) packages+=(clang-tidy-14) ;;
     "") ;;
-    *) echo "install-deps: unknown set '$1' (fuzz, bench, i386, abi, compilers or deb)" >&2; exit 2 ;;
+    *) echo "install-deps: unknown set '$1' (fuzz, bench, i386, abi, compilers, deb, format or tidy)" >&2; exit 2 ;;
 esac
 
 missing=()

@@ -7,7 +7,8 @@
 
 namespace QuorelScript {
 
-// exists(operand): asks the file system anew at every evaluation.
+// exists(operand): asks the file system anew at every evaluation (precompute
+// folds one over a path without variables into its answer, once).
 class ExistsExpression : public UnaryExpression<bool, ExistsExpression, Path> {
 public:
     explicit ExistsExpression(Expression<Path>* operand);

@@ -55,7 +55,8 @@ public:
     Expression<bool>* copyWithoutRight() const {
         return apply([](auto& link) -> Expression<bool>* {
             typedef std::decay_t<decltype(link)> Link;
-            return newOwner<Link>(OwnedPointer<Expression<bool>>(link.left()->clone()), OwnedPointer<Expression<bool>>());
+            return newOwner<Link>(OwnedPointer<Expression<bool>>(link.left()->clone()),
+                                  OwnedPointer<Expression<bool>>());
         });
     }
 

@@ -26,7 +26,7 @@ public:
     // The empty path.
     Path();
     // The text in normal form: doubled slashes collapsed, outer white space removed.
-    Path(const std::string& text);
+    explicit Path(const std::string& text);
     // The characters from `first` up to `last` exactly as written, with a
     // fresh normalizer for the substitutions to come (a path literal's text).
     static Path verbatim(const char* first, const char* last);

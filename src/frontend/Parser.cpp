@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <qxqrscript/Parser.hpp>
 
-#include "host/textOrEmpty.hpp"
+#include "frontend/ErrorSink.hpp"
 #include "frontend/SyntaxErrorReport.hpp"
 #include "grammar/ParserImpl.hpp"
+#include "host/textOrEmpty.hpp"
 #include "rules/ParsedRules.hpp"
 
 #include <cstring>
@@ -12,20 +13,33 @@ namespace QuorelScript {
 
 namespace {
 
+// What a Parser points to: the parser proper, and where its syntax errors
+// go, which is the facade's business. The facade's one member is a pointer to
+// ParserImpl, and its type is part of the recorded binary interface, so the
+// pointer keeps that type; this object is made and deleted as itself.
+class ParserWithErrorSink : public ParserImpl {
+public:
+    ErrorSink errors;
+};
+
+ParserWithErrorSink& withErrorSink(ParserImpl* impl) {
+    return static_cast<ParserWithErrorSink&>(*impl);
+}
+
 // Runs the grammar over the whole of `text`. A text that does not match to
 // its end is reported on the error sink, with a word on the nesting when
 // that is what stopped it; the rules that its good lines made stay with the
 // parser and go with the next text that matches completely.
-bool matchesCompletely(ParserImpl& impl, const char* text) {
+bool matchesCompletely(ParserWithErrorSink& impl, const char* text) {
     text = textOrEmpty(text);
     const char* cursor = text;
     const char* end = text + std::strlen(text);
     impl.matchScript(cursor, end);
     if (cursor == end)
         return true;
-    reportSyntaxError(impl.errorSink(), impl.scriptName(), impl.lineCount(), cursor);
+    reportSyntaxError(impl.errors.stream(), impl.scriptName(), impl.lineCount(), cursor);
     if (impl.nestedTooDeep())
-        reportNestingTooDeep(impl.errorSink(), ParserImpl::nestingLimit);
+        reportNestingTooDeep(impl.errors.stream(), ParserImpl::nestingLimit);
     return false;
 }
 
@@ -46,16 +60,16 @@ private:
 
 } // namespace
 
-Parser::Parser() : impl(new ParserImpl) {}
+Parser::Parser() : impl(new ParserWithErrorSink) {}
 
 Parser::~Parser() {
-    delete impl;
+    delete &withErrorSink(impl);
 }
 
 void Parser::parse(Rules* rules, const char* text) {
     if (rules == nullptr)
         return;
-    if (matchesCompletely(*impl, text))
+    if (matchesCompletely(withErrorSink(impl), text))
         impl->handOverRules(static_cast<ParsedRules&>(*rules));
 }
 
@@ -65,7 +79,7 @@ void Parser::parse(Rules* rules, const char* text, bool verbose) {
 }
 
 Rules* Parser::parse(const char* text) {
-    if (matchesCompletely(*impl, text))
+    if (matchesCompletely(withErrorSink(impl), text))
         return impl->releaseRules();
     return nullptr;
 }
@@ -88,7 +102,7 @@ bool Parser::getDebugVerbose() const {
 }
 
 void Parser::setErrorSink(std::ostream* sink) {
-    impl->setErrorSink(sink);
+    withErrorSink(impl).errors.redirect(sink);
 }
 
 } // namespace QuorelScript

@@ -46,8 +46,7 @@ namespace detail {
 // where the copy stopped only when the steps succeed. Whatever the steps
 // consumed before they failed is so given back, however far they went.
 template <class Iterator, class Steps>
-bool all_or_nothing(Iterator& pos, const Steps& steps)
-{
+bool all_or_nothing(Iterator& pos, const Steps& steps) {
     Iterator cursor = pos;
     if (!steps(cursor)) {
         return false;

@@ -27,8 +27,7 @@ public:
     // is deleted first, so the last assignment wins. Should the allocation
     // fail, the rule is left without a body.
     template <class Expression>
-    rule& operator=(const Expression& expression)
-    {
+    rule& operator=(const Expression& expression) {
         static_assert(is_parser<Expression>::value, "a rule body must be a parser expression");
         body_.reset();
         body_.reset(new rule_impl<Expression>(expression));

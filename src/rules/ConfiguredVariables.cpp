@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "rules/ConfiguredVariables.hpp"
 
+#include "expr/fixedVariables.hpp"
 #include "expr/pathTextNormalForm.hpp"
-#include "rules/fixedVariables.hpp"
 
 namespace QuorelScript {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "rules/ParsedRules.hpp"
 
-#include "host/textOrEmpty.hpp"
 #include "expr/Bindings.hpp"
 #include "expr/OwnedPointers.hpp"
 #include "expr/Path.hpp"
+#include "host/textOrEmpty.hpp"
 #include "rules/QueryPlan.hpp"
 #include "rules/expandIncludeRule.hpp"
 #include "rules/plainQueries.hpp"
@@ -12,6 +12,7 @@
 
 #include <qxqrscript/host.hpp>
 
+#include <cstddef>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -88,14 +89,8 @@ private:
 };
 
 ParsedRules::ParsedRules(ExcludeRuleList* excludeRules, PruneRuleList* pruneRules, IncludeRuleList* includeRules)
-    : excludeRules(excludeRules),
-      includeRules(includeRules),
-      pruneRules(pruneRules),
-      hasVantorRoot(false),
-      hasCwd(false),
-      runningQueries(0),
-      preparedOnce(false),
-      plainAnswersSinceChange(0) {}
+    : excludeRules(excludeRules), includeRules(includeRules), pruneRules(pruneRules), hasVantorRoot(false),
+      hasCwd(false), runningQueries(0), preparedOnce(false), plainAnswersSinceChange(0) {}
 
 ParsedRules::~ParsedRules() {
     deleteOwned(excludeRules);
@@ -104,9 +99,8 @@ ParsedRules::~ParsedRules() {
 }
 
 template <class Rule>
-bool ParsedRules::firstMatch(const std::vector<Rule*>* rules,
-                             const ConditionSequence& (QueryPlan::*conditions)() const, const char* file,
-                             const char* caller) {
+bool ParsedRules::firstMatch(const std::vector<Rule*>* rules, const ConditionSequence& (QueryPlan::*conditions)() const,
+                             const char* file, const char* caller) {
     if (rules == nullptr)
         return false;
     if (answersPlainly()) {
@@ -192,7 +186,13 @@ void ParsedRules::setCwd(const char* dir) {
 }
 
 int ParsedRules::setCwdFromProcess() {
-    char buffer[8706] = {};
+    // The buffer's size is part of the call's contract with the host rather
+    // than a guess at the longest path: a host may define its own hbGetcwd in
+    // place of the library's, and that one is handed this size. A current
+    // directory whose name, with its NUL, needs more makes the call fail; the
+    // buffer starts zeroed, so the directory is then the empty text.
+    constexpr std::size_t hostCwdBufferSize = 8706;
+    char buffer[hostCwdBufferSize] = {};
     hbGetcwd(buffer, sizeof buffer);
     const Path directory{std::string(buffer)};
     setCwd(directory.c_str());
@@ -228,8 +228,9 @@ const std::string& ParsedRules::getLastMatchText() const {
 // Each takes ownership of `rule`, also when the list cannot grow. A rule set
 // made from a script without rules of this kind has no list for them;
 // appending a later script's rule creates it, so that several scripts can be
-// combined in any order. A present list prints exactly as before, so only the
-// crash that a missing list would cause is avoided.
+// combined in any order. The list is made only when a rule comes: a kind that
+// never gets one stays null, and a null list prints nothing, not even the
+// empty line that ends a block.
 void ParsedRules::appendExcludeRule(ExcludeRule* rule) {
     pushOwnedCreatingList(excludeRules, rule);
     rulesChanged();

@@ -37,7 +37,8 @@ public:
     std::ostream& print(std::ostream& os) const override;
     const std::string& getLastMatchText() const override;
 
-    // Append one rule, taking ownership, to a list that must exist.
+    // Append one rule, taking ownership; a list that is still null is
+    // created first.
     void appendExcludeRule(ExcludeRule* rule);
     void appendIncludeRule(IncludeRule* rule);
     void appendPruneRule(PruneRule* rule);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "rules/QueryVariable.hpp"
 
-#include "rules/fixedVariables.hpp"
+#include "expr/fixedVariables.hpp"
 
 namespace QuorelScript {
 

@@ -3,9 +3,9 @@
 #define QXQRSCRIPT_RULES_QUERYVARIABLES_HPP
 
 #include "expr/Bindings.hpp"
+#include "expr/filePathParts.hpp"
 #include "rules/ConfiguredVariables.hpp"
 #include "rules/QueryVariable.hpp"
-#include "rules/filePathParts.hpp"
 
 #include <optional>
 #include <string>

@@ -2,7 +2,7 @@
 #include "rules/ParsedRules.hpp"
 
 #include "expr/MultiOrExpression.hpp"
-#include "rules/fixedVariables.hpp"
+#include "expr/fixedVariables.hpp"
 #include "rules/simplifyCondition.hpp"
 
 #include <memory>

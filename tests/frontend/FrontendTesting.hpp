@@ -2,6 +2,8 @@
 #ifndef QXQRSCRIPT_TESTS_FRONTEND_FRONTENDTESTING_HPP
 #define QXQRSCRIPT_TESTS_FRONTEND_FRONTENDTESTING_HPP
 
+#include "StreamCapture.hpp"
+
 #include <qxqrscript/Rules.hpp>
 
 #include <iostream>
@@ -28,7 +30,7 @@ inline std::string syntaxErrorMessage(const std::string& name, int line, const s
 // a way to make an exception leave a parse that traces.
 class ThrowingStandardOutput {
 public:
-    ThrowingStandardOutput() : savedBuffer_(std::cout.rdbuf(&refusing_)), savedMask_(std::cout.exceptions()) {
+    ThrowingStandardOutput() : redirect_(std::cout, refusing_), savedMask_(std::cout.exceptions()) {
         std::cout.exceptions(std::ios_base::badbit);
     }
     ThrowingStandardOutput(const ThrowingStandardOutput&) = delete;
@@ -36,7 +38,6 @@ public:
     ~ThrowingStandardOutput() {
         std::cout.clear();
         std::cout.exceptions(savedMask_);
-        std::cout.rdbuf(savedBuffer_);
     }
 
 private:
@@ -47,7 +48,7 @@ private:
     };
 
     RefusingBuffer refusing_;
-    std::streambuf* savedBuffer_;
+    qxqr::StreamRedirect redirect_;
     std::ios_base::iostate savedMask_;
 };
 

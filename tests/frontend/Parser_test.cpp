@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FrontendTesting.hpp"
 
+#include "StreamCapture.hpp"
 #include "grammar/ParserImpl.hpp"
 #include "rules/ParsedRules.hpp"
 
@@ -118,14 +119,12 @@ TEST(Parser, ErrorsAreCapturedUntilARealSinkIsSet) {
 }
 
 TEST(Parser, CapturedErrorsGoToStandardErrorWhenItBecomesTheSink) {
-    std::ostringstream standardError;
-    std::streambuf* saved = std::cerr.rdbuf(standardError.rdbuf());
+    const qxqr::StreamCapture standardError(std::cerr);
     Parser parser;
     parser.parse("bad\n");
-    EXPECT_EQ("", standardError.str());
+    EXPECT_EQ("", standardError.text());
     parser.setErrorSink(&std::cerr);
-    std::cerr.rdbuf(saved);
-    EXPECT_EQ(syntaxErrorMessage("<anonymous script>", 1, "bad"), standardError.str());
+    EXPECT_EQ(syntaxErrorMessage("<anonymous script>", 1, "bad"), standardError.text());
 }
 
 TEST(Parser, CapturedErrorsAreHandedOverOnce) {
@@ -214,8 +213,7 @@ TEST(Parser, DebugVerboseFlag) {
 }
 
 TEST(Parser, VerboseParseRestoresTheFlag) {
-    std::ostringstream output;
-    std::streambuf* saved = std::cout.rdbuf(output.rdbuf());
+    const qxqr::StreamCapture output;
     Parser parser;
     std::unique_ptr<ParsedRules> rules = emptyRuleSet();
     parser.parse(rules.get(), "exclude if true\n", true);
@@ -223,8 +221,7 @@ TEST(Parser, VerboseParseRestoresTheFlag) {
     parser.setDebugVerbose(true);
     std::unique_ptr<Rules> quiet(parser.parse("exclude if false\n", false));
     EXPECT_TRUE(parser.getDebugVerbose());
-    std::cout.rdbuf(saved);
-    EXPECT_EQ("Parsed (boolean expression): true\n    parse tree: true\n", output.str());
+    EXPECT_EQ("Parsed (boolean expression): true\n    parse tree: true\n", output.text());
 }
 
 // An exception that leaves a verbose parse (here from the trace output)

@@ -2,12 +2,12 @@
 #ifndef QXQRSCRIPT_TESTS_GRAMMAR_GRAMMARTESTING_HPP
 #define QXQRSCRIPT_TESTS_GRAMMAR_GRAMMARTESTING_HPP
 
+#include "StreamCapture.hpp"
 #include "grammar/ParserImpl.hpp"
 
 #include <qxqrscript/Parser.hpp>
 #include <qxqrscript/Rules.hpp>
 
-#include <iostream>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -60,19 +60,7 @@ std::vector<std::string> ruleNames(QuorelScript::ParserImpl& impl) {
 }
 
 // Collects what is written to standard output while it exists.
-class StandardOutputCapture {
-public:
-    StandardOutputCapture() : saved_(std::cout.rdbuf(captured_.rdbuf())) {}
-    StandardOutputCapture(const StandardOutputCapture&) = delete;
-    StandardOutputCapture& operator=(const StandardOutputCapture&) = delete;
-    ~StandardOutputCapture() { std::cout.rdbuf(saved_); }
-
-    std::string text() const { return captured_.str(); }
-
-private:
-    std::ostringstream captured_;
-    std::streambuf* saved_;
-};
+using qxqr::StreamCapture;
 
 } // namespace GrammarTesting
 

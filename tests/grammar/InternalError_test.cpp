@@ -44,7 +44,7 @@ TEST(InternalError, ThrownWhenThereIsNoRuleToName) {
 TEST(InternalError, ThrownWhenThereIsNoTreeToShow) {
     ParserImpl impl;
     impl.setDebugVerbose(true);
-    GrammarTesting::StandardOutputCapture output;
+    GrammarTesting::StreamCapture output;
     DebugPrintObject<Expression<bool>> print(impl, "x");
     EXPECT_THROW(print(none, none), ParserImpl::InternalError);
 }

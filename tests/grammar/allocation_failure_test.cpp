@@ -4,6 +4,7 @@
 // made to fail in turn; a double delete or a leak shows in the sanitizer
 // build, and mostly as a crash in the others.
 #include "ReplacedAllocator.hpp"
+#include "StreamCapture.hpp"
 #include "TempTree.hpp"
 #include "rules/ParsedRules.hpp"
 
@@ -106,7 +107,7 @@ TEST(AllocationFailure, IntoANewRuleSet) {
 // The debug trace allocates too.
 TEST(AllocationFailure, IntoACallersRuleSetWithTheTraceOn) {
     DiscardingBuffer discarding;
-    std::streambuf* saved = std::cout.rdbuf(&discarding);
+    const qxqr::StreamRedirect toNowhere(std::cout, discarding);
     std::string result;
     int failedRuns = failEachAllocationInTurn([&result] {
         Parser parser;
@@ -115,7 +116,6 @@ TEST(AllocationFailure, IntoACallersRuleSetWithTheTraceOn) {
         parser.parse(rules.get(), script, true);
         result = printed(*rules);
     });
-    std::cout.rdbuf(saved);
     EXPECT_GT(failedRuns, 100);
     EXPECT_EQ("\texclude if exists(z)\n"
               "\texclude if and(exists(a),not(equals(b,c)))\n"

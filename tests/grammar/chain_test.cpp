@@ -84,7 +84,7 @@ TEST(Chain, AnAndRightBeforeAnOrEndsBothChains) {
 TEST(Chain, AFailedParenthesisedOperandLeavesItsConditionOnTop) {
     ParserImpl impl;
     impl.setDebugVerbose(true);
-    StandardOutputCapture output;
+    StreamCapture output;
     EXPECT_FALSE(matchAll(impl, "exclude if a exists and (b exists junk\n"));
     EXPECT_EQ("Attempting to parse equals expression at line 1: exists and (b exists junk\n"
               "Attempting to parse equals expression at line 1: exists junk\n"
@@ -117,7 +117,7 @@ TEST(Chain, AFailedLinkKeepsTheLinesItCounted) {
 TEST(Chain, TraceShowsEveryComparisonInOrderThenTheWholeTree) {
     ParserImpl impl;
     impl.setDebugVerbose(true);
-    StandardOutputCapture output;
+    StreamCapture output;
     ASSERT_TRUE(matchAll(impl, "exclude if a == b and c exists or d != e and f in [g]\n"));
     EXPECT_EQ("Attempting to parse equals expression at line 1: == b and c exists or d != e and f in [g]\n"
               "Attempting to parse equals expression at line 1: exists or d != e and f in [g]\n"

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The trace lines printed on standard output in debug-verbose mode.
 #include "GrammarTesting.hpp"
+#include "grammar/actions/DebugPrintMessage.hpp"
 
 #include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+#include <string>
 
 using namespace GrammarTesting;
 using QuorelScript::ParserImpl;
@@ -13,7 +18,7 @@ namespace {
 std::string traceOf(const std::string& text, bool verbose = true) {
     ParserImpl impl;
     impl.setDebugVerbose(verbose);
-    StandardOutputCapture output;
+    StreamCapture output;
     EXPECT_TRUE(matchAll(impl, text));
     return output.text();
 }
@@ -83,9 +88,59 @@ TEST(DebugTrace, TraceNeverGoesToTheErrorSink) {
     QuorelScript::Parser parser;
     std::ostringstream errors;
     parser.setErrorSink(&errors);
-    StandardOutputCapture output;
+    StreamCapture output;
     std::unique_ptr<QuorelScript::Rules> rules(parser.parse("exclude if a == b\n", true));
     EXPECT_NE(nullptr, rules);
     EXPECT_EQ("", errors.str());
     EXPECT_NE("", output.text());
+}
+
+// The input may end inside a line, before text that is no line end: the
+// trace shows the line up to the end of the input and reads nothing beyond.
+TEST(DebugTrace, RestOfLineStopsWhereTheInputEnds) {
+    const std::string text = "exclude if a == b c\n";
+    const char* cursor = text.c_str();
+    const char* end = cursor + text.find(" c");
+    ParserImpl impl;
+    impl.setDebugVerbose(true);
+    StreamCapture output;
+    impl.matchScript(cursor, end);
+    EXPECT_EQ(end, cursor);
+    EXPECT_EQ("Attempting to parse equals expression at line 1: == b\n"
+              "Parsed (boolean expression): a == b\n"
+              "    parse tree: equals(a,b)\n",
+              output.text());
+}
+
+// Input that ends neither with a line end nor with a NUL, in a buffer of
+// exactly its size: reading past it would be reading past the allocation,
+// which an address-checking build reports.
+TEST(DebugTrace, RestOfLineNeverReadsPastTheInput) {
+    const std::string script = "exclude if a == b";
+    const std::unique_ptr<char[]> bytes(new char[script.size()]);
+    std::memcpy(bytes.get(), script.data(), script.size());
+    const char* cursor = bytes.get();
+    const char* end = cursor + script.size();
+    ParserImpl impl;
+    impl.setDebugVerbose(true);
+    StreamCapture output;
+    impl.matchScript(cursor, end);
+    EXPECT_EQ(end, cursor);
+    EXPECT_EQ("Attempting to parse equals expression at line 1: == b\n"
+              "Parsed (boolean expression): a == b\n"
+              "    parse tree: equals(a,b)\n",
+              output.text());
+}
+
+// The same over string iterators, where the position at the end of the
+// range may not be read at all.
+TEST(DebugTrace, MessageStopsWhereTheInputEndsOverStringIterators) {
+    const std::string text = "== b c";
+    ParserImpl impl;
+    impl.setDebugVerbose(true);
+    StreamCapture output;
+    std::string::const_iterator here = text.begin();
+    EXPECT_TRUE(QuorelScript::DebugPrintMessage(impl, "Reached").match(here, text.begin() + 4));
+    EXPECT_TRUE(here == text.begin());
+    EXPECT_EQ("Reached at line " + std::to_string(impl.lineCount()) + ": == b\n", output.text());
 }

@@ -11,8 +11,7 @@ using pelor::detail::all_or_nothing;
 
 const std::string text = "abcdef";
 
-TEST(AllOrNothing, SucceedingStepsMoveThePositionToWhereTheyStopped)
-{
+TEST(AllOrNothing, SucceedingStepsMoveThePositionToWhereTheyStopped) {
     std::string::const_iterator pos = text.begin() + 1;
     EXPECT_TRUE(all_or_nothing(pos, [](std::string::const_iterator& cursor) {
         cursor += 3;
@@ -21,8 +20,7 @@ TEST(AllOrNothing, SucceedingStepsMoveThePositionToWhereTheyStopped)
     EXPECT_EQ(pos - text.begin(), 4);
 }
 
-TEST(AllOrNothing, FailingStepsGiveBackWhatTheyConsumed)
-{
+TEST(AllOrNothing, FailingStepsGiveBackWhatTheyConsumed) {
     std::string::const_iterator pos = text.begin() + 1;
     std::string::const_iterator reached = pos;
     EXPECT_FALSE(all_or_nothing(pos, [&reached](std::string::const_iterator& cursor) {
@@ -34,8 +32,7 @@ TEST(AllOrNothing, FailingStepsGiveBackWhatTheyConsumed)
     EXPECT_EQ(pos - text.begin(), 1);
 }
 
-TEST(AllOrNothing, StepsStartFromThePosition)
-{
+TEST(AllOrNothing, StepsStartFromThePosition) {
     const char* pos = text.c_str() + 2;
     const char* seen = nullptr;
     EXPECT_TRUE(all_or_nothing(pos, [&seen](const char*& cursor) {

@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 using QuorelScript::Bindings;
@@ -22,146 +25,123 @@ std::vector<std::string> namesOf(const Bindings& bindings) {
     return names;
 }
 
-struct FileParts {
-    std::string dir, name, ext;
+// The arguments of one of the two constructors: the full one when a root
+// and a current directory are given, the short one (file and caller only)
+// when they are not.
+struct Arguments {
+    const char* file;
+    const char* caller;
+    std::optional<std::pair<const char*, const char*>> rootAndCwd;
+
+    Bindings made() const {
+        if (rootAndCwd)
+            return Bindings(rootAndCwd->first, file, caller, rootAndCwd->second);
+        return Bindings(file, caller);
+    }
 };
 
-FileParts partsOf(const char* file) {
-    const Bindings bindings("/v", file, "/c", "/w");
-    return {valueOf(bindings, "dir"), valueOf(bindings, "name"), valueOf(bindings, "ext")};
+Arguments full(const char* root, const char* file, const char* caller, const char* cwd) {
+    return {file, caller, std::make_pair(root, cwd)};
 }
 
+Arguments shortForm(const char* file, const char* caller) {
+    return {file, caller, std::nullopt};
+}
+
+typedef std::vector<std::pair<const char*, const char*>> Values;
+
+// One case of the table: the bindings made from `arguments` hold each of
+// `expected`, a variable's name with its value.
+struct Case {
+    const char* name;
+    Arguments arguments;
+    Values expected;
+};
+
+// Names the case in a failure, as the row's name does in the test's name.
+void PrintTo(const Case& row, std::ostream* out) {
+    *out << row.name;
+}
+
+// The file parts of `file`, made from the full constructor with fixed
+// other arguments.
+Arguments fileOnly(const char* file) {
+    return full("/v", file, "/c", "/w");
+}
+
+Values joined(Values first, const Values& second) {
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
+// What both constructors bind for the file /src/main.c met from /src/caller.c.
+const Values mainFromCaller = {{"file", "/src/main.c"}, {"caller", "/src/caller.c"}, {"dir", "/src"},
+                               {"name", "main"},        {"ext", ".c"},              {"vrk", ".vrkilx"},
+                               {"arch", "ia32lx"},      {"lib", ".so"}};
+
+const Case cases[] = {
+    {"FullConstructorBindsEveryValue",
+     full("/opt/v", "/src/main.c", "/src/caller.c", "/work"),
+     joined({{"vantor", "/opt/v"}, {"toolbox", "/opt/v/toolbox"}, {"cwd", "/work"}}, mainFromCaller)},
+    {"ShortConstructorBindsTheFileAndTheFixedValues", shortForm("/src/main.c", "/src/caller.c"), mainFromCaller},
+    {"ShortConstructorTakesANullFileOrCallerAsEmpty",
+     shortForm(nullptr, nullptr),
+     {{"file", ""}, {"caller", ""}, {"dir", ""}, {"name", ""}, {"ext", ""}}},
+    {"SplitsAPathWithSeveralDots", fileOnly("/a/b/c.d.e"), {{"dir", "/a/b"}, {"name", "c.d"}, {"ext", ".e"}}},
+    {"BareNameHasNoDirectoryAndNoExtension", fileOnly("c"), {{"dir", ""}, {"name", "c"}, {"ext", ""}}},
+    {"FileInTheRootHasAnEmptyDirectory", fileOnly("/c.m"), {{"dir", ""}, {"name", "c"}, {"ext", ".m"}}},
+    {"LeadingDotIsNoExtension", fileOnly(".profile"), {{"dir", ""}, {"name", ".profile"}, {"ext", ""}}},
+    {"DotInADirectoryNameIsNoExtension", fileOnly("a.b/c"), {{"dir", "a.b"}, {"name", "c"}, {"ext", ""}}},
+    {"DotRightAfterTheLastSlashIsAnExtension", fileOnly("x/.hidden"), {{"dir", "x"}, {"name", ""}, {"ext", ".hidden"}}},
+    // The pieces of the file path are cut from its normalized text and kept
+    // as they are: a blank that ends a piece stays, where normalizing would
+    // drop it.
+    {"FilePartsAreNotNormalizedAgain", fileOnly("/a /b .c"), {{"dir", "/a "}, {"name", "b "}, {"ext", ".c"}}},
+    {"NullFileLeavesFileAndItsPartsEmpty",
+     fileOnly(nullptr),
+     {{"file", ""}, {"dir", ""}, {"name", ""}, {"ext", ""}}},
+    {"NullRootAndCwdAreTheCurrentDirectory",
+     full(nullptr, "/f", nullptr, nullptr),
+     {{"vantor", "."}, {"toolbox", "./toolbox"}, {"cwd", "."}, {"caller", ""}}},
+    {"EmptyRootGivesAnEmptyVantorAndARootToolbox",
+     full("", "/f", "", ""),
+     {{"vantor", ""}, {"toolbox", "/toolbox"}, {"cwd", ""}}},
+    {"ToolboxJointIsNormalized", full("/opt/v/", "/f", "", ""), {{"vantor", "/opt/v/"}, {"toolbox", "/opt/v/toolbox"}}},
+    // The toolbox is made from the normalized root, not from the root as given.
+    {"ArgumentsAreNormalized",
+     full(" /opt//v ", "//src//main.c\n", "/a//b", "\t/w//x"),
+     {{"vantor", "/opt/v"},
+      {"toolbox", "/opt/v/toolbox"},
+      {"file", "/src/main.c"},
+      {"caller", "/a/b"},
+      {"cwd", "/w/x"},
+      {"dir", "/src"}}},
+};
+
+class BindingsValues : public testing::TestWithParam<Case> {};
+
 } // namespace
+
+TEST_P(BindingsValues, HoldTheExpectedValues) {
+    const Case& row = GetParam();
+    const Bindings bindings = row.arguments.made();
+    for (const auto& [name, value] : row.expected)
+        EXPECT_EQ(valueOf(bindings, name), value) << "$" << name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Bindings, BindingsValues, testing::ValuesIn(cases),
+                         [](const testing::TestParamInfo<Case>& info) { return std::string(info.param.name); });
 
 TEST(Bindings, FullConstructorBindsElevenVariables) {
     const Bindings bindings("/opt/v", "/src/main.c", "/src/caller.c", "/work");
     EXPECT_EQ(namesOf(bindings), (std::vector<std::string>{"arch", "caller", "cwd", "dir", "ext", "file", "lib",
                                                           "name", "toolbox", "vantor", "vrk"}));
-    EXPECT_EQ(valueOf(bindings, "vantor"), "/opt/v");
-    EXPECT_EQ(valueOf(bindings, "toolbox"), "/opt/v/toolbox");
-    EXPECT_EQ(valueOf(bindings, "file"), "/src/main.c");
-    EXPECT_EQ(valueOf(bindings, "caller"), "/src/caller.c");
-    EXPECT_EQ(valueOf(bindings, "cwd"), "/work");
-    EXPECT_EQ(valueOf(bindings, "dir"), "/src");
-    EXPECT_EQ(valueOf(bindings, "name"), "main");
-    EXPECT_EQ(valueOf(bindings, "ext"), ".c");
-    EXPECT_EQ(valueOf(bindings, "vrk"), ".vrkilx");
-    EXPECT_EQ(valueOf(bindings, "arch"), "ia32lx");
-    EXPECT_EQ(valueOf(bindings, "lib"), ".so");
 }
 
 TEST(Bindings, ShortConstructorLeavesOutVantorToolboxAndCwd) {
     const Bindings bindings("/src/main.c", "/src/caller.c");
     EXPECT_EQ(namesOf(bindings),
               (std::vector<std::string>{"arch", "caller", "dir", "ext", "file", "lib", "name", "vrk"}));
-    EXPECT_EQ(valueOf(bindings, "file"), "/src/main.c");
-    EXPECT_EQ(valueOf(bindings, "caller"), "/src/caller.c");
-    EXPECT_EQ(valueOf(bindings, "dir"), "/src");
-    EXPECT_EQ(valueOf(bindings, "name"), "main");
-    EXPECT_EQ(valueOf(bindings, "ext"), ".c");
-    EXPECT_EQ(valueOf(bindings, "vrk"), ".vrkilx");
-    EXPECT_EQ(valueOf(bindings, "arch"), "ia32lx");
-    EXPECT_EQ(valueOf(bindings, "lib"), ".so");
-}
-
-TEST(Bindings, ShortConstructorTakesANullFileOrCallerAsEmpty) {
-    const Bindings bindings(nullptr, nullptr);
-    EXPECT_EQ(valueOf(bindings, "file"), "");
-    EXPECT_EQ(valueOf(bindings, "caller"), "");
-    EXPECT_EQ(valueOf(bindings, "dir"), "");
-    EXPECT_EQ(valueOf(bindings, "name"), "");
-    EXPECT_EQ(valueOf(bindings, "ext"), "");
-}
-
-TEST(Bindings, SplitsAPathWithSeveralDots) {
-    const FileParts parts = partsOf("/a/b/c.d.e");
-    EXPECT_EQ(parts.dir, "/a/b");
-    EXPECT_EQ(parts.name, "c.d");
-    EXPECT_EQ(parts.ext, ".e");
-}
-
-TEST(Bindings, BareNameHasNoDirectoryAndNoExtension) {
-    const FileParts parts = partsOf("c");
-    EXPECT_EQ(parts.dir, "");
-    EXPECT_EQ(parts.name, "c");
-    EXPECT_EQ(parts.ext, "");
-}
-
-TEST(Bindings, FileInTheRootHasAnEmptyDirectory) {
-    const FileParts parts = partsOf("/c.m");
-    EXPECT_EQ(parts.dir, "");
-    EXPECT_EQ(parts.name, "c");
-    EXPECT_EQ(parts.ext, ".m");
-}
-
-TEST(Bindings, LeadingDotIsNoExtension) {
-    const FileParts parts = partsOf(".profile");
-    EXPECT_EQ(parts.dir, "");
-    EXPECT_EQ(parts.name, ".profile");
-    EXPECT_EQ(parts.ext, "");
-}
-
-TEST(Bindings, DotInADirectoryNameIsNoExtension) {
-    const FileParts parts = partsOf("a.b/c");
-    EXPECT_EQ(parts.dir, "a.b");
-    EXPECT_EQ(parts.name, "c");
-    EXPECT_EQ(parts.ext, "");
-}
-
-TEST(Bindings, DotRightAfterTheLastSlashIsAnExtension) {
-    const FileParts parts = partsOf("x/.hidden");
-    EXPECT_EQ(parts.dir, "x");
-    EXPECT_EQ(parts.name, "");
-    EXPECT_EQ(parts.ext, ".hidden");
-}
-
-TEST(Bindings, NullFileLeavesFileAndItsPartsEmpty) {
-    const Bindings bindings("/v", nullptr, "/c", "/w");
-    EXPECT_EQ(valueOf(bindings, "file"), "");
-    EXPECT_EQ(valueOf(bindings, "dir"), "");
-    EXPECT_EQ(valueOf(bindings, "name"), "");
-    EXPECT_EQ(valueOf(bindings, "ext"), "");
-}
-
-TEST(Bindings, NullRootAndCwdAreTheCurrentDirectory) {
-    const Bindings bindings(nullptr, "/f", nullptr, nullptr);
-    EXPECT_EQ(valueOf(bindings, "vantor"), ".");
-    EXPECT_EQ(valueOf(bindings, "toolbox"), "./toolbox");
-    EXPECT_EQ(valueOf(bindings, "cwd"), ".");
-    EXPECT_EQ(valueOf(bindings, "caller"), "");
-}
-
-TEST(Bindings, EmptyRootGivesAnEmptyVantorAndARootToolbox) {
-    const Bindings bindings("", "/f", "", "");
-    EXPECT_EQ(valueOf(bindings, "vantor"), "");
-    EXPECT_EQ(valueOf(bindings, "toolbox"), "/toolbox");
-    EXPECT_EQ(valueOf(bindings, "cwd"), "");
-}
-
-TEST(Bindings, ToolboxJointIsNormalized) {
-    const Bindings bindings("/opt/v/", "/f", "", "");
-    EXPECT_EQ(valueOf(bindings, "vantor"), "/opt/v/");
-    EXPECT_EQ(valueOf(bindings, "toolbox"), "/opt/v/toolbox");
-}
-
-TEST(Bindings, ArgumentsAreNormalized) {
-    const Bindings bindings(" /opt//v ", "//src//main.c\n", "/a//b", "\t/w//x");
-    EXPECT_EQ(valueOf(bindings, "vantor"), "/opt/v");
-    // Made from the normalized root, not from the root as given.
-    EXPECT_EQ(valueOf(bindings, "toolbox"), "/opt/v/toolbox");
-    EXPECT_EQ(valueOf(bindings, "file"), "/src/main.c");
-    EXPECT_EQ(valueOf(bindings, "caller"), "/a/b");
-    EXPECT_EQ(valueOf(bindings, "cwd"), "/w/x");
-    EXPECT_EQ(valueOf(bindings, "dir"), "/src");
-}
-
-// The pieces of the file path are cut from its normalized text and kept as
-// they are: a blank that ends a piece stays, where normalizing would drop it.
-TEST(Bindings, FilePartsAreNotNormalizedAgain) {
-    const FileParts parts = partsOf("/a /b .c");
-    EXPECT_EQ(parts.dir, "/a ");
-    EXPECT_EQ(parts.name, "b ");
-    EXPECT_EQ(parts.ext, ".c");
 }
 
 TEST(Bindings, FixedVariablesAreMadeOnceForAllQueries) {

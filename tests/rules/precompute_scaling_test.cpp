@@ -55,16 +55,16 @@ void expectLinear(const std::string& shape, int few) {
 } // namespace
 
 // Merging the rules into one, and flattening the ors into it.
-TEST(precomputeScaling, IsLinearInTheNumberOfRules) {
+TEST(ParsedRulesPrecomputeScaling, IsLinearInTheNumberOfRules) {
     expectLinear("exclude if $file == /p/N.c or $ext == .oN", 1000);
 }
 
 // Pushing every negation down to the tests (not of an and is an or of nots).
-TEST(precomputeScaling, IsLinearInTheNegatedRules) {
+TEST(ParsedRulesPrecomputeScaling, IsLinearInTheNegatedRules) {
     expectLinear("exclude if not ($file != /p/N.c and $ext != .oN)", 500);
 }
 
 // Dropping the literals that decide nothing from the merged or.
-TEST(precomputeScaling, IsLinearInTheRulesWithLiterals) {
+TEST(ParsedRulesPrecomputeScaling, IsLinearInTheRulesWithLiterals) {
     expectLinear("exclude if false or $file == /p/N.c or false", 500);
 }

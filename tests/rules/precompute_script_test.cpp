@@ -26,7 +26,7 @@ std::string printed(const QuorelScript::Rules& rules) {
 
 } // namespace
 
-TEST(precomputeScript, MergesAndSimplifiesWhatTheParserBuilt) {
+TEST(ParsedRulesPrecomputeScript, MergesAndSimplifiesWhatTheParserBuilt) {
     TempTree tree;
     const std::string tool = tree.file("toolbox/tool");
     QuorelScript::Parser parser;
@@ -54,7 +54,7 @@ TEST(precomputeScript, MergesAndSimplifiesWhatTheParserBuilt) {
     EXPECT_FALSE(rules->isExcluded(tree.path("toolbox/missing").c_str(), nullptr, nullptr));
 }
 
-TEST(precomputeScript, SimplifiesEachKindOfCondition) {
+TEST(ParsedRulesPrecomputeScript, SimplifiesEachKindOfCondition) {
     const struct {
         const char* condition;
         const char* simplified;

@@ -2,9 +2,11 @@
 #include "rules/ParsedRules.hpp"
 
 #include "RulesTesting.hpp"
+#include "TempTree.hpp"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,7 +36,7 @@ ExcludeRuleList* excludeRules(std::initializer_list<ExcludeRule*> rules) {
 
 } // namespace
 
-TEST(precompute, BindsRootToolboxCwdThenTheFixedVariables) {
+TEST(ParsedRulesPrecompute, BindsRootToolboxCwdThenTheFixedVariables) {
     ObservedRules rules(nullptr, nullptr, nullptr);
     rules.setVantorRoot("/opt/v/");
     rules.setCwd("/work");
@@ -47,13 +49,13 @@ TEST(precompute, BindsRootToolboxCwdThenTheFixedVariables) {
                                   {"vrk", ".vrkilx"}}));
 }
 
-TEST(precompute, BindsOnlyTheFixedVariablesWhenNothingWasSet) {
+TEST(ParsedRulesPrecompute, BindsOnlyTheFixedVariablesWhenNothingWasSet) {
     ObservedRules rules(nullptr, nullptr, nullptr);
     rules.precompute();
     EXPECT_EQ(rules.bound, (Calls{{"arch", "ia32lx"}, {"lib", ".so"}, {"vrk", ".vrkilx"}}));
 }
 
-TEST(precompute, BindsAnEmptyRootOnceItWasSet) {
+TEST(ParsedRulesPrecompute, BindsAnEmptyRootOnceItWasSet) {
     ObservedRules rules(nullptr, nullptr, nullptr);
     rules.setVantorRoot("");
     rules.precompute();
@@ -61,7 +63,7 @@ TEST(precompute, BindsAnEmptyRootOnceItWasSet) {
               (Calls{{"vantor", ""}, {"toolbox", "/toolbox"}, {"arch", "ia32lx"}, {"lib", ".so"}, {"vrk", ".vrkilx"}}));
 }
 
-TEST(precompute, MergedExcludeRulesReportTheFirstRulesText) {
+TEST(ParsedRulesPrecompute, MergedExcludeRulesReportTheFirstRulesText) {
     ParsedRules rules(excludeRules({rule<ExcludeRule>("rule A", equals("$file", "/a")),
                                     rule<ExcludeRule>("rule B", equals("$file", "/b"))}),
                       nullptr, nullptr);
@@ -73,7 +75,7 @@ TEST(precompute, MergedExcludeRulesReportTheFirstRulesText) {
     EXPECT_FALSE(rules.isExcluded("/c", nullptr, nullptr));
 }
 
-TEST(precompute, MergedPruneRulesReportTheFirstRulesText) {
+TEST(ParsedRulesPrecompute, MergedPruneRulesReportTheFirstRulesText) {
     ParsedRules rules(nullptr,
                       new PruneRuleList{rule<PruneRule>("rule A", equals("$file", "/a")),
                                         rule<PruneRule>("rule B", equals("$file", "/b"))},
@@ -86,7 +88,7 @@ TEST(precompute, MergedPruneRulesReportTheFirstRulesText) {
     EXPECT_EQ(printed(rules), "\tprune if or([equals($file,/a),equals($file,/b)])\n\n");
 }
 
-TEST(precompute, MergesExcludeAndPruneRulesAndSimplifiesThem) {
+TEST(ParsedRulesPrecompute, MergesExcludeAndPruneRulesAndSimplifiesThem) {
     ParsedRules rules(
         excludeRules({rule<ExcludeRule>("E1", equals("$file", "/a")),
                       rule<ExcludeRule>("E2", both(in("$file", {"$toolbox"}), negation(negation(exists("$file"))))),
@@ -103,7 +105,7 @@ TEST(precompute, MergesExcludeAndPruneRulesAndSimplifiesThem) {
                               "\n");
 }
 
-TEST(precompute, SingleRuleIsSimplifiedButNotWrapped) {
+TEST(ParsedRulesPrecompute, SingleRuleIsSimplifiedButNotWrapped) {
     ParsedRules rules(excludeRules({rule<ExcludeRule>("E", both(exists("$file"), exists("$dir")))}),
                       new PruneRuleList{rule<PruneRule>("P", negation(negation(exists("$file"))))}, nullptr);
     rules.precompute();
@@ -113,7 +115,7 @@ TEST(precompute, SingleRuleIsSimplifiedButNotWrapped) {
                               "\n");
 }
 
-TEST(precompute, ConditionWithoutVariablesBecomesTheLiteralTrue) {
+TEST(ParsedRulesPrecompute, ConditionWithoutVariablesBecomesTheLiteralTrue) {
     ParsedRules rules(excludeRules({rule<ExcludeRule>("E", both(truth(true), negation(truth(false))))}), nullptr,
                       nullptr);
     rules.precompute();
@@ -122,7 +124,7 @@ TEST(precompute, ConditionWithoutVariablesBecomesTheLiteralTrue) {
     EXPECT_EQ(rules.getLastMatchText(), "E");
 }
 
-TEST(precompute, RulesWithoutConditionAddNothingToTheMergeAndStayWithoutOne) {
+TEST(ParsedRulesPrecompute, RulesWithoutConditionAddNothingToTheMergeAndStayWithoutOne) {
     ParsedRules rules(excludeRules({rule<ExcludeRule>("E0", nullptr), rule<ExcludeRule>("E", exists("$file"))}),
                       new PruneRuleList{rule<PruneRule>("P", nullptr)}, nullptr);
     rules.precompute();
@@ -131,7 +133,7 @@ TEST(precompute, RulesWithoutConditionAddNothingToTheMergeAndStayWithoutOne) {
     EXPECT_FALSE(rules.isPruned("/a", nullptr, nullptr));
 }
 
-TEST(precompute, IncludeRulesAreNeverMergedAndOnlyBound) {
+TEST(ParsedRulesPrecompute, IncludeRulesAreNeverMergedAndOnlyBound) {
     ParsedRules rules(nullptr, nullptr,
                       new IncludeRuleList{includeRule({"$vantor/a"}, equals("$arch", "ia32lx")),
                                           includeRule({"/b"}, negation(negation(exists("$file"))))});
@@ -145,13 +147,13 @@ TEST(precompute, IncludeRulesAreNeverMergedAndOnlyBound) {
     EXPECT_EQ(includer.paths, std::vector<std::string>{"/opt/v/a"});
 }
 
-TEST(precompute, EmptyAndNullListsStayAsTheyAre) {
+TEST(ParsedRulesPrecompute, EmptyAndNullListsStayAsTheyAre) {
     ParsedRules rules(new ExcludeRuleList, nullptr, new IncludeRuleList);
     rules.precompute();
     EXPECT_EQ(printed(rules), "\n\n");
 }
 
-TEST(precompute, MergedRulesAreFreedAndTheirConditionsKept) {
+TEST(ParsedRulesPrecompute, MergedRulesAreFreedAndTheirConditionsKept) {
     Tracker tracker;
     {
         ParsedRules rules(excludeRules({rule<ExcludeRule>("E1", new TrackedCondition(tracker, "a", false)),
@@ -167,4 +169,16 @@ TEST(precompute, MergedRulesAreFreedAndTheirConditionsKept) {
         EXPECT_EQ(rules.getLastMatchText(), "E1");
     }
     EXPECT_EQ(tracker.alive, 0);
+}
+
+// Intended: the file a fixed path names is the same for every query, so
+// precompute asks once and keeps the answer, even when the file goes later.
+TEST(ParsedRulesPrecompute, ExistsOverAFixedPathIsAskedOnceAtPrecompute) {
+    TempTree tree;
+    const std::string marker = tree.file("marker");
+    ParsedRules rules(excludeRules({rule<ExcludeRule>("E", exists(marker))}), nullptr, nullptr);
+    rules.precompute();
+    std::filesystem::remove(marker);
+    EXPECT_EQ(printed(rules), "\texclude if true\n\n");
+    EXPECT_TRUE(rules.isExcluded("/f", nullptr, nullptr));
 }

@@ -9,9 +9,8 @@
 namespace qxqr {
 
 CheckCommand::CheckCommand(CommandLine& qxqr)
-    : command(qxqr, "check", "Parse the scripts into one rule set and print it")
+    : ScriptsCommand(qxqr, "check", "Parse the scripts into one rule set and print it")
 {
-    addScriptsOperand(command, scripts);
     command.flag("-q,--quiet", quiet, "print nothing; only the exit status tells");
     format.addOption(command);
 }

@@ -71,4 +71,17 @@ std::string nodeName(const QuorelScript::Observe::Node& node)
     return node.text;
 }
 
+std::string expansionName(QuorelScript::Observe::Expansion expansion)
+{
+    using QuorelScript::Observe::Expansion;
+    switch (expansion) {
+    case Expansion::Directory:
+        return "directory";
+    case Expansion::Pattern:
+        return "pattern";
+    default:
+        return "plain";
+    }
+}
+
 } // namespace qxqr

@@ -10,7 +10,7 @@
 
 namespace qxqr {
 
-// How `why` shows a condition, in text and in JSON alike.
+// How `why` shows a condition and an include path, in text and in JSON alike.
 
 // The operands of node `index` as shown: an and (or) among the operands of
 // an and (or) gives its own operands in its place, so that a script's
@@ -23,6 +23,9 @@ std::vector<std::size_t> shownOperands(const QuorelScript::Observe::Condition& c
 // the printed form of a node of a kind the library did not name. The n-ary
 // and and or that precompute makes are "and" and "or".
 std::string nodeName(const QuorelScript::Observe::Node& node);
+
+// "plain", "directory" or "pattern": what an include path was taken for.
+std::string expansionName(QuorelScript::Observe::Expansion expansion);
 
 } // namespace qxqr
 

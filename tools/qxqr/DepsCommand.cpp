@@ -40,9 +40,9 @@ std::string withoutTrailingSlashes(std::string directory)
 } // namespace
 
 DepsCommand::DepsCommand(CommandLine& qxqr)
-    : command(qxqr, "deps", "Find the shared libraries that programs need and tell each one's fate")
+    : ScriptsCommand(qxqr, "deps", "Find the shared libraries that programs need and tell each one's fate", "FILE",
+                     /*scriptsOptional=*/true)
 {
-    addScriptsOperand(command, scripts, true);
     configuration.addOptions(command);
     command.flag("--explain", explain, "show the rule that excluded or pruned a file");
     format.addOption(command, {"text", "json", "paths", "dot"});

@@ -9,6 +9,8 @@
 
 #include <cerrno>
 #include <cstring>
+#include <optional>
+#include <utility>
 
 namespace qxqr {
 
@@ -190,28 +192,24 @@ private:
         StringTable strings = stringTable(entries);
         for (GElf_Xword offset : entries.needed)
             object.needed.push_back(strings.at(offset));
-        if (entries.soname)
-            object.soname = strings.at(*entries.soname);
-        if (entries.rpath)
-            object.rpath = strings.at(*entries.rpath);
-        if (entries.runpath)
-            object.runpath = strings.at(*entries.runpath);
+        object.soname = strings.at(entries.soname);
+        object.rpath = strings.at(entries.rpath);
+        object.runpath = strings.at(entries.runpath);
     }
 
     static void take(const GElf_Dyn& entry, DynamicEntries& entries)
     {
+        // The entries that give the string table offset of one name.
+        static const std::pair<GElf_Sxword, std::optional<GElf_Xword> DynamicEntries::*> names[] = {
+            {DT_SONAME, &DynamicEntries::soname},
+            {DT_RPATH, &DynamicEntries::rpath},
+            {DT_RUNPATH, &DynamicEntries::runpath}};
+        for (const auto& [tag, offset] : names)
+            if (entry.d_tag == tag)
+                entries.*offset = entry.d_un.d_val;
         switch (entry.d_tag) {
         case DT_NEEDED:
             entries.needed.push_back(entry.d_un.d_val);
-            break;
-        case DT_SONAME:
-            entries.soname = entry.d_un.d_val;
-            break;
-        case DT_RPATH:
-            entries.rpath = entry.d_un.d_val;
-            break;
-        case DT_RUNPATH:
-            entries.runpath = entry.d_un.d_val;
             break;
         case DT_STRTAB:
             entries.stringTable = entry.d_un.d_ptr;
@@ -242,6 +240,14 @@ private:
             if (!end)
                 throw ElfError("the string at index " + std::to_string(offset) + " runs past the string table");
             return std::string(bytes + offset, static_cast<const char*>(end));
+        }
+
+        // The string at `offset`, when there is one.
+        std::optional<std::string> at(std::optional<GElf_Xword> offset) const
+        {
+            if (!offset)
+                return std::nullopt;
+            return at(*offset);
         }
 
     private:

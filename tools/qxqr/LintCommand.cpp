@@ -91,9 +91,8 @@ nlohmann::json asJson(const LintWarning& warning, const std::map<std::string, st
 } // namespace
 
 LintCommand::LintCommand(CommandLine& qxqr)
-    : command(qxqr, "lint", "Warn about what the scripts say that is probably not meant")
+    : ScriptsCommand(qxqr, "lint", "Warn about what the scripts say that is probably not meant")
 {
-    addScriptsOperand(command, scripts);
     command.option("--set", assignments, "take the variable NAME as known (repeatable)")
         .typeName("NAME=VALUE")
         .check(checkAssignment);

@@ -4,12 +4,10 @@
 #include "IncludeList.hpp"
 #include "JsonName.hpp"
 #include "MatchText.hpp"
-#include "OperandReader.hpp"
 #include "QuotedName.hpp"
-#include "ScriptLoader.hpp"
-#include "StandardOutput.hpp"
-#include "StreamedJsonDocument.hpp"
 #include "Verdict.hpp"
+
+#include <qxqrscript/Rules.hpp>
 
 #include <optional>
 
@@ -63,37 +61,20 @@ nlohmann::json asJson(const Answer& answer)
 } // namespace
 
 QueryCommand::QueryCommand(CommandLine& qxqr)
-    : command(qxqr, "query", "Tell whether each file is excluded, pruned or kept, and what it includes")
+    : FileCommand(qxqr, "query", "Tell whether each file is excluded, pruned or kept, and what it includes")
 {
-    addScriptsOperand(command, scripts);
-    configuration.addOptions(command);
-    callerOption = command.option("--caller", caller, "the file that refers to each FILE ($caller)").typeName("FILE");
     command.flag("--explain", explain, "show the rule that excluded or pruned a file");
     format.addOption(command);
-    command.footer("The files follow '--': qxqr query [OPTIONS] SCRIPT... -- FILE...\n"
-                   "A FILE of '-' reads file names from standard input, one a line.");
 }
 
-Result QueryCommand::run(OperandReader& files)
+nlohmann::json QueryCommand::jsonAnswer(QuorelScript::Rules& rules, const std::string& file)
 {
-    std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
-    configuration.apply(*rules);
-    const char* callerOrNull = callerOption.given() ? caller.c_str() : nullptr;
+    return asJson(ask(rules, file, callerOrNull()));
+}
 
-    std::optional<StreamedJsonDocument> document;
-    if (format.isJson())
-        document.emplace("files");
-    std::string file;
-    while (files.next(file)) {
-        Answer answer = ask(*rules, file, callerOrNull);
-        if (document)
-            document->append(asJson(answer));
-        else
-            writeStandardOutput(asText(answer, explain));
-    }
-    if (document)
-        document->finish(nlohmann::json::object());
-    return {};
+std::string QueryCommand::textAnswer(QuorelScript::Rules& rules, const std::string& file)
+{
+    return asText(ask(rules, file, callerOrNull()), explain);
 }
 
 } // namespace qxqr

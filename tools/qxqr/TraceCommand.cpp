@@ -2,7 +2,7 @@
 #include "TraceCommand.hpp"
 
 #include "ScriptLoader.hpp"
-#include "StandardOutputCapture.hpp"
+#include "StreamCapture.hpp"
 
 namespace qxqr {
 
@@ -15,7 +15,7 @@ TraceCommand::TraceCommand(CommandLine& qxqr)
 Result TraceCommand::run(OperandReader&)
 {
     Result result;
-    StandardOutputCapture trace;
+    StreamCapture trace;
     try {
         loadRules({script}, true);
     } catch (const Failure& failure) {

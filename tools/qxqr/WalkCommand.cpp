@@ -7,8 +7,7 @@
 #include "Progress.hpp"
 #include "QuotedName.hpp"
 #include "ScriptLoader.hpp"
-#include "StandardOutput.hpp"
-#include "StreamedJsonDocument.hpp"
+#include "StreamedAnswer.hpp"
 #include "Walk.hpp"
 
 #include <cerrno>
@@ -16,7 +15,6 @@
 #include <functional>
 #include <limits>
 #include <map>
-#include <optional>
 
 namespace qxqr {
 
@@ -90,9 +88,8 @@ std::string stopMessage(const WalkStopped& stopped, const WalkLimits& limits)
 } // namespace
 
 WalkCommand::WalkCommand(CommandLine& qxqr)
-    : command(qxqr, "walk", "Follow the include rules from start files and tell each file's fate")
+    : ScriptsCommand(qxqr, "walk", "Follow the include rules from start files and tell each file's fate", "START")
 {
-    addScriptsOperand(command, scripts);
     configuration.addOptions(command);
     command.flag("--explain", explain, "show the rule that excluded or pruned a file");
     command.flag("--no-progress", noProgress, "never show progress on standard error");
@@ -117,16 +114,14 @@ Result WalkCommand::run(OperandReader& starts)
     std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
     configuration.apply(*rules);
 
-    std::optional<StreamedJsonDocument> document;
-    if (format.isJson())
-        document.emplace("files");
+    StreamedAnswer answer(format);
     std::map<Fate, std::size_t> counts = {{Fate::kept, 0}, {Fate::excluded, 0}, {Fate::pruned, 0}};
     auto report = [&](const Visit& visit) {
         ++counts[visit.fate];
-        if (document)
-            document->append(asJson(visit));
+        if (answer.isJson())
+            answer.addItem(asJson(visit));
         else
-            writeStandardOutput(asText(visit, explain));
+            answer.addText(asText(visit, explain));
     };
     // A walk stopped at a limit still ends its answer as a whole walk does,
     // with the counts of the files it visited: the JSON document stays one
@@ -138,10 +133,7 @@ Result WalkCommand::run(OperandReader& starts)
     } catch (const WalkStopped& stopped) {
         result = {"", stopMessage(stopped, limits), 1};
     }
-    if (document)
-        document->finish({{"summary", summaryJson(counts)}});
-    else
-        writeStandardOutput(summaryText(counts));
+    answer.finish({{"summary", summaryJson(counts)}}, summaryText(counts));
     return result;
 }
 

@@ -3,13 +3,11 @@
 #define QXQR_WHYCOMMAND_HPP
 
 #include "Colour.hpp"
-#include "Command.hpp"
-#include "CommandLine.hpp"
-#include "Configuration.hpp"
-#include "OutputFormat.hpp"
+#include "FileCommand.hpp"
+#include "WhyVariables.hpp"
 
+#include <optional>
 #include <string>
-#include <vector>
 
 namespace qxqr {
 
@@ -17,22 +15,20 @@ namespace qxqr {
 // every rule's condition evaluated as the query evaluates it: which part
 // held, what the variables stood for, which element of an `in` matched,
 // what each `exists` asked and was told, and what each include path became.
-class WhyCommand : public Command {
+class WhyCommand : public FileCommand {
 public:
     explicit WhyCommand(CommandLine& qxqr);
-    const Subcommand& subcommand() const override { return command; }
-    std::vector<std::string> scriptOperands() const override { return scripts; }
-    const char* operandName() const override { return "FILE"; }
-    Result run(OperandReader& files) override;
 
 private:
-    Subcommand command;
-    std::vector<std::string> scripts;
-    Configuration configuration;
-    std::string caller;
-    OptionDeclaration callerOption;
-    OutputFormat format;
+    void rulesLoaded(const QuorelScript::Rules& rules) override;
+    nlohmann::json jsonAnswer(QuorelScript::Rules& rules, const std::string& file) override;
+    std::string textAnswer(QuorelScript::Rules& rules, const std::string& file) override;
+
     Colour colour;
+    // Made once the rules are loaded: the variables shown, taken from the
+    // rules as the scripts made them, and the colours of the text.
+    std::optional<WhyVariables> variables;
+    std::optional<Palette> palette;
 };
 
 } // namespace qxqr

@@ -10,24 +10,17 @@ namespace qxqr {
 
 namespace {
 
-using QuorelScript::Observe::Condition;
-using QuorelScript::Observe::Expansion;
-using QuorelScript::Observe::Node;
-using QuorelScript::Observe::NodeKind;
-using QuorelScript::Observe::NodeValue;
-using QuorelScript::Observe::QueryTrace;
-using QuorelScript::Observe::RuleTrace;
-using QuorelScript::Observe::none;
+namespace Observe = QuorelScript::Observe;
 
 nlohmann::json nullOr(bool present, nlohmann::json value)
 {
     return present ? std::move(value) : nlohmann::json(nullptr);
 }
 
-nlohmann::json nodeJson(const Node& node, const NodeValue& value)
+nlohmann::json nodeJson(const Observe::Node& node, const Observe::NodeValue& value)
 {
     nlohmann::json item = {{"kind", nodeName(node)}, {"evaluated", value.evaluated}};
-    if (node.kind == NodeKind::Path) {
+    if (node.kind == Observe::NodeKind::Path) {
         item["written"] = node.text;
         item["variables"] = node.variables;
         item["text"] = nullOr(value.evaluated, value.text);
@@ -35,15 +28,15 @@ nlohmann::json nodeJson(const Node& node, const NodeValue& value)
     }
     item["value"] = nullOr(value.evaluated, value.value);
     item["operands"] = nlohmann::json::array();
-    if (node.kind == NodeKind::In)
-        item["matched"] = nullOr(value.matchedElement != none, value.matchedElement);
+    if (node.kind == Observe::NodeKind::In)
+        item["matched"] = nullOr(value.matchedElement != Observe::none, value.matchedElement);
     return item;
 }
 
 // The condition as nested objects, built from a work list: each node's
 // object is made, then filled in by its operands, which the list holds as
 // the place where their object goes.
-nlohmann::json conditionJson(const Condition& condition, const std::vector<NodeValue>& values)
+nlohmann::json conditionJson(const Observe::Condition& condition, const std::vector<Observe::NodeValue>& values)
 {
     nlohmann::json root;
     std::vector<std::pair<std::size_t, nlohmann::json*>> pending{{0, &root}};
@@ -63,19 +56,7 @@ nlohmann::json conditionJson(const Condition& condition, const std::vector<NodeV
     return root;
 }
 
-std::string expansionName(Expansion expansion)
-{
-    switch (expansion) {
-    case Expansion::Directory:
-        return "directory";
-    case Expansion::Pattern:
-        return "pattern";
-    default:
-        return "plain";
-    }
-}
-
-nlohmann::json ruleJson(const RuleTrace& rule, bool decides)
+nlohmann::json ruleJson(const Observe::RuleTrace& rule, bool decides)
 {
     nlohmann::json item = {{"script", rule.rule.script.empty() && rule.rule.line == 0 ? nlohmann::json(nullptr)
                                                                                          : nlohmann::json(rule.rule.script)},
@@ -85,7 +66,7 @@ nlohmann::json ruleJson(const RuleTrace& rule, bool decides)
                            {"fired", rule.fired},
                            {"decides", decides},
                            {"condition", conditionJson(rule.rule.condition, rule.values)}};
-    if (rule.rule.kind != QuorelScript::Observe::RuleKind::Include)
+    if (rule.rule.kind != Observe::RuleKind::Include)
         return item;
     nlohmann::json paths = nlohmann::json::array();
     for (std::size_t i = 0; i < rule.included.size(); ++i) {
@@ -109,7 +90,7 @@ nlohmann::json referredJson(const std::vector<ShownVariable>& shown)
     return referred;
 }
 
-nlohmann::json questionJson(const QueryTrace& trace, const WhyVariables& shown)
+nlohmann::json questionJson(const Observe::QueryTrace& trace, const WhyVariables& shown)
 {
     nlohmann::json variables = nlohmann::json::object();
     for (const auto& variable : trace.variables)

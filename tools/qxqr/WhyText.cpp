@@ -12,16 +12,10 @@ namespace qxqr {
 
 namespace {
 
-using QuorelScript::Observe::Condition;
-using QuorelScript::Observe::Expansion;
-using QuorelScript::Observe::Node;
-using QuorelScript::Observe::NodeKind;
-using QuorelScript::Observe::NodeValue;
-using QuorelScript::Observe::QueryTrace;
-using QuorelScript::Observe::RuleTrace;
+namespace Observe = QuorelScript::Observe;
 
 // The rule's place and its text on one line: continuation lines joined.
-std::string heading(const QuorelScript::Observe::Rule& rule)
+std::string heading(const Observe::Rule& rule)
 {
     if (rule.script.empty() && rule.line == 0)
         return rule.recordedText;
@@ -38,14 +32,14 @@ std::string heading(const QuorelScript::Observe::Rule& rule)
     return rule.script + ":" + std::to_string(rule.line) + ": " + text;
 }
 
-std::string mark(const NodeValue& value, const Palette& palette)
+std::string mark(const Observe::NodeValue& value, const Palette& palette)
 {
     if (!value.evaluated)
         return palette.unasked + "-     " + palette.reset;
     return value.value ? palette.holds + "true  " + palette.reset : palette.fails + "false " + palette.reset;
 }
 
-std::string pathLine(const Node& node, const NodeValue& value, bool matched)
+std::string pathLine(const Observe::Node& node, const Observe::NodeValue& value, bool matched)
 {
     std::string line = "      " + node.text;
     if (value.evaluated && value.text != node.text)
@@ -56,8 +50,8 @@ std::string pathLine(const Node& node, const NodeValue& value, bool matched)
 }
 
 // The condition as an indented tree, one node a line, from a work list.
-std::string conditionText(const Condition& condition, const std::vector<NodeValue>& values, const Palette& palette,
-                          const std::string& indent)
+std::string conditionText(const Observe::Condition& condition, const std::vector<Observe::NodeValue>& values,
+                          const Palette& palette, const std::string& indent)
 {
     struct Pending {
         std::size_t index;
@@ -69,33 +63,28 @@ std::string conditionText(const Condition& condition, const std::vector<NodeValu
     while (!pending.empty()) {
         const Pending item = pending.back();
         pending.pop_back();
-        const Node& node = condition.nodes[item.index];
-        const NodeValue& value = values[item.index];
+        const Observe::Node& node = condition.nodes[item.index];
+        const Observe::NodeValue& value = values[item.index];
         text += indent + std::string(2 * item.depth, ' ');
-        if (node.kind == NodeKind::Path)
+        if (node.kind == Observe::NodeKind::Path)
             text += pathLine(node, value, item.matched) + "\n";
         else
             text += mark(value, palette) + nodeName(node) + "\n";
         const std::vector<std::size_t> operands = shownOperands(condition, item.index);
         for (std::size_t i = operands.size(); i-- > 0;)
-            pending.push_back({operands[i], item.depth + 1, node.kind == NodeKind::In && value.matchedElement == i});
+            pending.push_back(
+                {operands[i], item.depth + 1, node.kind == Observe::NodeKind::In && value.matchedElement == i});
     }
     return text;
 }
 
-std::string expansionName(Expansion expansion)
+// "a directory", "a pattern" or "a plain path".
+std::string expansionPhrase(Observe::Expansion expansion)
 {
-    switch (expansion) {
-    case Expansion::Directory:
-        return "a directory";
-    case Expansion::Pattern:
-        return "a pattern";
-    default:
-        return "a plain path";
-    }
+    return "a " + expansionName(expansion) + (expansion == Observe::Expansion::Plain ? " path" : "");
 }
 
-std::string includedText(const RuleTrace& rule, const std::string& indent)
+std::string includedText(const Observe::RuleTrace& rule, const std::string& indent)
 {
     std::string text;
     for (std::size_t i = 0; i < rule.included.size(); ++i) {
@@ -103,14 +92,14 @@ std::string includedText(const RuleTrace& rule, const std::string& indent)
         text += indent + "path " + rule.rule.paths[i].text;
         if (included.text != rule.rule.paths[i].text)
             text += " = " + quotedName(included.text);
-        text += ", " + expansionName(included.expansion) + "\n";
+        text += ", " + expansionPhrase(included.expansion) + "\n";
         for (const std::string& file : included.files)
             text += indent + "  includes " + quotedName(file) + "\n";
     }
     return text;
 }
 
-std::string ruleText(const RuleTrace& rule, bool decides, const Palette& palette)
+std::string ruleText(const Observe::RuleTrace& rule, bool decides, const Palette& palette)
 {
     const std::string indent = "      ";
     if (!rule.evaluated)
@@ -135,7 +124,7 @@ std::string variablesText(const std::vector<ShownVariable>& variables)
     return text + "\n";
 }
 
-std::string questionText(const std::string& question, const std::string& answer, const QueryTrace& trace,
+std::string questionText(const std::string& question, const std::string& answer, const Observe::QueryTrace& trace,
                          const char* kind, const WhyVariables& variables, const Palette& palette)
 {
     std::string text = "  " + question + ": " + answer + "\n" + variablesText(variables.shown(trace));
@@ -146,10 +135,10 @@ std::string questionText(const std::string& question, const std::string& answer,
     return text;
 }
 
-std::string includesAnswer(const QueryTrace& trace)
+std::string includesAnswer(const Observe::QueryTrace& trace)
 {
     std::size_t files = 0;
-    for (const RuleTrace& rule : trace.rules)
+    for (const Observe::RuleTrace& rule : trace.rules)
         for (const auto& included : rule.included)
             files += included.files.size();
     return files == 1 ? "1 file" : std::to_string(files) + " files";

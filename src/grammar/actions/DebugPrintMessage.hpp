@@ -3,7 +3,7 @@
 #define QXQRSCRIPT_GRAMMAR_ACTIONS_DEBUGPRINTMESSAGE_HPP
 
 #include "grammar/ParserImpl.hpp"
-#include "grammar/actions/ParserAction.hpp"
+#include "pelor/parser.hpp"
 
 #include <iostream>
 #include <string>
@@ -12,25 +12,31 @@
 namespace QuorelScript {
 
 // In debug-verbose mode, reports on standard output that the parser has
-// reached a point of the grammar, with the rest of the current line. It is
-// attached to an empty match, so it runs whether or not what follows matches.
-class DebugPrintMessage : public ParserAction {
+// reached a point of the grammar, with the rest of the current line. It
+// matches the empty text, always, so it reports whether or not what follows
+// it matches.
+//
+// It is a parser of the empty text rather than an action on one because an
+// action sees only the text its subject matched, and the rest of the line
+// needs the end of the input too: it ends at a line end, at a NUL, or where
+// the input ends, which need not be at either.
+class DebugPrintMessage : public pelor::parser<DebugPrintMessage> {
 public:
-    DebugPrintMessage(ParserImpl& parser, std::string message) : ParserAction(parser), message_(std::move(message)) {}
+    DebugPrintMessage(const ParserImpl& parser, std::string message) : parser_(&parser), message_(std::move(message)) {}
 
-    // The rest of the line is read from the script text itself, which ends
-    // with a NUL.
     template <class Iterator>
-    void operator()(Iterator, Iterator here) const {
-        if (!parser().debugVerbose())
-            return;
+    bool match(Iterator& here, Iterator end) const {
+        if (!parser_->debugVerbose())
+            return true;
         std::string restOfLine;
-        for (Iterator next = here; *next != '\n' && *next != '\0'; ++next)
+        for (Iterator next = here; next != end && *next != '\n' && *next != '\0'; ++next)
             restOfLine += *next;
-        std::cout << message_ << " at line " << parser().lineCount() << ": " << restOfLine << std::endl;
+        std::cout << message_ << " at line " << parser_->lineCount() << ": " << restOfLine << std::endl;
+        return true;
     }
 
 private:
+    const ParserImpl* parser_;
     std::string message_;
 };
 

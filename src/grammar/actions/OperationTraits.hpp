@@ -30,9 +30,7 @@ struct UnaryNodeOperation {
     typedef A Operand;
     typedef R Result;
 
-    static Owned<R> build(Owned<A> operand) {
-        return Owned<R>(newOwner<X>(std::move(operand)));
-    }
+    static Owned<R> build(Owned<A> operand) { return Owned<R>(newOwner<X>(std::move(operand))); }
 };
 
 // Builds X from two operands, the one written first on the left.
@@ -48,8 +46,7 @@ struct BinaryNodeOperation {
 };
 
 template <>
-struct Operation<NotExpression<bool>>
-    : UnaryNodeOperation<NotExpression<bool>, Expression<bool>, Expression<bool>> {};
+struct Operation<NotExpression<bool>> : UnaryNodeOperation<NotExpression<bool>, Expression<bool>, Expression<bool>> {};
 
 template <>
 struct Operation<ExistsExpression> : UnaryNodeOperation<ExistsExpression, Expression<bool>, Expression<Path>> {};

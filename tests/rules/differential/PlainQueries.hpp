@@ -16,9 +16,12 @@ namespace PlainQueries {
 
 using namespace QuorelScript;
 
-// The configuration a query reads, as the rule set stored it.
+// The configuration a query reads, as the rule set stored it (empty when
+// unset), and whether it was set, which precompute asks.
 struct Configuration {
+    bool hasRoot = false;
     std::string vantorRoot;
+    bool hasCwd = false;
     std::string cwd;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "rules/filePathParts.hpp"
+#include "expr/filePathParts.hpp"
 
 namespace QuorelScript {
 

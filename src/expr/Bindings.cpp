@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "expr/Bindings.hpp"
 
-#include "rules/filePathParts.hpp"
-#include "rules/fixedVariables.hpp"
+#include "expr/filePathParts.hpp"
+#include "expr/fixedVariables.hpp"
 
 #include <string>
 
