@@ -3,9 +3,10 @@
 #define QXQRSCRIPT_EXPR_BINARYEXPRESSION_HPP
 
 #include "expr/Expression.hpp"
+#include "expr/OwnedPointers.hpp"
 
-#include <memory>
 #include <ostream>
+#include <utility>
 
 namespace QuorelScript {
 
@@ -25,12 +26,9 @@ public:
     }
 
     Expression<R>* clone() const override {
-        std::unique_ptr<Expression<A>> leftCopy(left_->clone());
-        std::unique_ptr<Expression<B>> rightCopy(right_->clone());
-        Derived* copy = new Derived(leftCopy.get(), rightCopy.get());
-        leftCopy.release();
-        rightCopy.release();
-        return copy;
+        OwnedPointer<Expression<A>> leftCopy(left_->clone());
+        OwnedPointer<Expression<B>> rightCopy(right_->clone());
+        return newOwner<Derived>(std::move(leftCopy), std::move(rightCopy));
     }
 
     bool hasVariables() const override { return left_->hasVariables() || right_->hasVariables(); }
@@ -44,16 +42,8 @@ public:
     Expression<B>* right() const { return right_; }
 
     // Give up ownership of one operand; the node is left without it.
-    Expression<A>* releaseLeft() {
-        Expression<A>* left = left_;
-        left_ = nullptr;
-        return left;
-    }
-    Expression<B>* releaseRight() {
-        Expression<B>* right = right_;
-        right_ = nullptr;
-        return right;
-    }
+    Expression<A>* releaseLeft() { return std::exchange(left_, nullptr); }
+    Expression<B>* releaseRight() { return std::exchange(right_, nullptr); }
 
     // Takes ownership of `right`; the node must hold none.
     void adoptRight(Expression<B>* right) { right_ = right; }

@@ -10,14 +10,8 @@
 namespace QuorelScript {
 
 // What the nodes that hold a vector of owned operands (the n-ary nodes, the
-// list of an "in" test) do with it, always in vector order.
-
-// Deletes every element; null elements are skipped.
-template <class T>
-void deleteEach(const std::vector<Expression<T>*>& elements) {
-    for (Expression<T>* element : elements)
-        delete element;
-}
+// list of an "in" test) do with it, always in vector order; deleting them is
+// deleteEach's (expr/OwnedPointers.hpp).
 
 // Appends the elements' clones to the empty `target`, which has first reserved
 // exactly the room they need, so that no append can reallocate and lose a

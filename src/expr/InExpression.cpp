@@ -2,9 +2,10 @@
 #include "expr/InExpression.hpp"
 
 #include "expr/ExpressionVector.hpp"
+#include "expr/OwnedPointers.hpp"
 
-#include <memory>
 #include <ostream>
+#include <utility>
 
 namespace QuorelScript {
 
@@ -30,12 +31,9 @@ bool InExpression::evaluate(const Bindings& bindings) const {
 }
 
 Expression<bool>* InExpression::clone() const {
-    std::unique_ptr<Expression<Path>> subjectCopy(subject_->clone());
+    OwnedPointer<Expression<Path>> subjectCopy(subject_->clone());
     OwnedPathList listCopy(clonePathList(*list_));
-    Expression<bool>* copy = new InExpression(subjectCopy.get(), listCopy.get());
-    subjectCopy.release();
-    listCopy.release();
-    return copy;
+    return newOwner<InExpression>(std::move(subjectCopy), std::move(listCopy));
 }
 
 std::ostream& InExpression::print(std::ostream& out) const {

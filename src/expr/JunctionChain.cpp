@@ -3,6 +3,7 @@
 
 #include "expr/AndExpression.hpp"
 #include "expr/OrExpression.hpp"
+#include "expr/OwnedPointers.hpp"
 #include "expr/exactType.hpp"
 
 #include <cstddef>
@@ -53,10 +54,9 @@ public:
     // right operand yet.
     Expression<bool>* copyWithoutRight() const {
         return apply([](auto& link) -> Expression<bool>* {
-            std::unique_ptr<Expression<bool>> leftCopy(link.left()->clone());
-            Expression<bool>* copy = new std::decay_t<decltype(link)>(leftCopy.get(), nullptr);
-            leftCopy.release();
-            return copy;
+            typedef std::decay_t<decltype(link)> Link;
+            return newOwner<Link>(OwnedPointer<Expression<bool>>(link.left()->clone()),
+                                  OwnedPointer<Expression<bool>>());
         });
     }
 

@@ -4,6 +4,7 @@
 
 #include "expr/Expression.hpp"
 #include "expr/ExpressionVector.hpp"
+#include "expr/OwnedPointers.hpp"
 
 #include <memory>
 #include <ostream>
@@ -22,10 +23,7 @@ public:
     MultiExpression() : operands_(new Operands) {}
     MultiExpression(const MultiExpression&) = delete;
     MultiExpression& operator=(const MultiExpression&) = delete;
-    ~MultiExpression() override {
-        deleteEach(*operands_);
-        delete operands_;
-    }
+    ~MultiExpression() override { deleteOwned(operands_); }
 
     Expression<R>* clone() const override {
         std::unique_ptr<Derived> copy(new Derived);
@@ -38,11 +36,7 @@ public:
     void substituteVariables(const Bindings& bindings) override { substituteEach(*operands_, bindings); }
 
     // Takes ownership of `operand`, also when the append fails.
-    void append(Expression<bool>* operand) {
-        std::unique_ptr<Expression<bool>> owned(operand);
-        operands_->push_back(operand);
-        owned.release();
-    }
+    void append(Expression<bool>* operand) { pushOwned(*operands_, operand); }
 
     // The operands themselves, for rewrites that move them between nodes;
     // whoever takes a pointer out of the vector takes its ownership too.

@@ -7,13 +7,6 @@
 
 namespace QuorelScript {
 
-void deletePathList(PathList* list) {
-    if (list == nullptr)
-        return;
-    deleteEach(*list);
-    delete list;
-}
-
 PathList* clonePathList(const PathList& list) {
     OwnedPathList copy(new PathList);
     appendClones(list, *copy);

@@ -3,10 +3,10 @@
 #define QXQRSCRIPT_EXPR_PATHLIST_HPP
 
 #include "expr/Expression.hpp"
+#include "expr/OwnedPointers.hpp"
 #include "expr/Path.hpp"
 
 #include <iosfwd>
-#include <memory>
 #include <vector>
 
 namespace QuorelScript {
@@ -16,12 +16,11 @@ namespace QuorelScript {
 typedef std::vector<Expression<Path>*> PathList;
 
 // Deletes every element, then the list; a null list is allowed.
-void deletePathList(PathList* list);
-// Lets a std::unique_ptr own a list together with its elements.
-struct PathListDeleter {
-    void operator()(PathList* list) const { deletePathList(list); }
-};
-typedef std::unique_ptr<PathList, PathListDeleter> OwnedPathList;
+inline void deletePathList(PathList* list) {
+    deleteOwned(list);
+}
+// A list held together with its elements.
+typedef OwnedPointer<PathList> OwnedPathList;
 
 // A new list that reserves the source's size and receives the elements' clones in order.
 PathList* clonePathList(const PathList& list);

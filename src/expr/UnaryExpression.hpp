@@ -3,9 +3,10 @@
 #define QXQRSCRIPT_EXPR_UNARYEXPRESSION_HPP
 
 #include "expr/Expression.hpp"
+#include "expr/OwnedPointers.hpp"
 
-#include <memory>
 #include <ostream>
+#include <utility>
 
 namespace QuorelScript {
 
@@ -21,12 +22,7 @@ public:
     UnaryExpression& operator=(const UnaryExpression&) = delete;
     ~UnaryExpression() override { delete operand_; }
 
-    Expression<R>* clone() const override {
-        std::unique_ptr<Expression<A>> operandCopy(operand_->clone());
-        Derived* copy = new Derived(operandCopy.get());
-        operandCopy.release();
-        return copy;
-    }
+    Expression<R>* clone() const override { return newOwner<Derived>(OwnedPointer<Expression<A>>(operand_->clone())); }
 
     bool hasVariables() const override { return operand_->hasVariables(); }
 
@@ -35,11 +31,7 @@ public:
     Expression<A>* operand() const { return operand_; }
 
     // Gives up ownership of the operand; the node is left without one.
-    Expression<A>* releaseOperand() {
-        Expression<A>* operand = operand_;
-        operand_ = nullptr;
-        return operand;
-    }
+    Expression<A>* releaseOperand() { return std::exchange(operand_, nullptr); }
 
     // Takes ownership of `operand`; the node must hold none.
     void adoptOperand(Expression<A>* operand) { operand_ = operand; }

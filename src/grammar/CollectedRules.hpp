@@ -2,8 +2,9 @@
 #ifndef QXQRSCRIPT_GRAMMAR_COLLECTEDRULES_HPP
 #define QXQRSCRIPT_GRAMMAR_COLLECTEDRULES_HPP
 
+#include "grammar/Owned.hpp"
+
 #include <cstddef>
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -19,15 +20,10 @@ public:
     CollectedRules() : list_(nullptr) {}
     CollectedRules(const CollectedRules&) = delete;
     CollectedRules& operator=(const CollectedRules&) = delete;
-    ~CollectedRules() { deleteList(list_); }
+    ~CollectedRules() { deleteOwned(list_); }
 
     // Takes ownership, also when the append fails.
-    void push(std::unique_ptr<R> rule) {
-        if (list_ == nullptr)
-            list_ = new List;
-        list_->push_back(rule.get());
-        rule.release();
-    }
+    void push(Owned<R> rule) { pushOwnedCreatingList(list_, rule.release()); }
 
     bool empty() const { return list_ == nullptr || list_->empty(); }
     // The list, or null before the first rule; still owned here.
@@ -61,14 +57,6 @@ public:
     }
 
 private:
-    static void deleteList(List* list) {
-        if (list == nullptr)
-            return;
-        for (R* rule : *list)
-            delete rule;
-        delete list;
-    }
-
     List* list_;
 };
 

@@ -20,10 +20,7 @@ public:
     ~OperandStack() { clear(); }
 
     // Takes ownership, also when the push fails.
-    void push(Owned<T> operand) {
-        operands_.push_back(operand.get());
-        operand.release();
-    }
+    void push(Owned<T> operand) { pushOwned(operands_, operand.release()); }
 
     // The stack must not be empty.
     Owned<T> pop() {

@@ -2,28 +2,15 @@
 #ifndef QXQRSCRIPT_GRAMMAR_OWNED_HPP
 #define QXQRSCRIPT_GRAMMAR_OWNED_HPP
 
-#include "expr/PathList.hpp"
-
-#include <memory>
+#include "expr/OwnedPointers.hpp"
 
 namespace QuorelScript {
 
-// How an owner gets rid of what the parser builds: nodes and rules are
-// deleted, a path list goes together with its elements.
-template <class T>
-struct OwnedDeleter {
-    typedef std::default_delete<T> type;
-};
-
-template <>
-struct OwnedDeleter<PathList> {
-    typedef PathListDeleter type;
-};
-
 // Sole ownership of something the parse actions build, while it is between
-// the stacks and its next owner.
+// the stacks and its next owner: a node or a rule alone, a path list
+// together with its elements.
 template <class T>
-using Owned = std::unique_ptr<T, typename OwnedDeleter<T>::type>;
+using Owned = OwnedPointer<T>;
 
 } // namespace QuorelScript
 

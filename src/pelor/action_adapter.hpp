@@ -25,17 +25,16 @@ public:
     action_adapter(const Subject& subject, const Action& action) : subject_(subject), action_(action) {}
 
     template <class Iterator>
-    bool match(Iterator& pos, Iterator end) const
-    {
+    bool match(Iterator& pos, Iterator end) const {
         const Iterator start = pos;
-        Iterator cursor = start;
-        if (!subject_.match(cursor, end)) {
-            return false;
-        }
-        const Iterator stop = cursor;
-        action_(start, stop);
-        pos = stop;
-        return true;
+        return detail::all_or_nothing(pos, [this, start, end](Iterator& cursor) {
+            if (!subject_.match(cursor, end)) {
+                return false;
+            }
+            const Iterator stop = cursor;
+            action_(start, stop);
+            return true;
+        });
     }
 
 private:
@@ -45,8 +44,7 @@ private:
 
 template <class P>
 template <class Action>
-action_adapter<P, Action> parser<P>::operator[](const Action& action) const
-{
+action_adapter<P, Action> parser<P>::operator[](const Action& action) const {
     return action_adapter<P, Action>(derived(), action);
 }
 

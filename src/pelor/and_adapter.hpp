@@ -15,14 +15,9 @@ public:
     and_adapter(const A& left, const B& right) : left_(left), right_(right) {}
 
     template <class Iterator>
-    bool match(Iterator& pos, Iterator end) const
-    {
-        Iterator cursor = pos;
-        if (!left_.match(cursor, end) || !right_.match(cursor, end)) {
-            return false;
-        }
-        pos = cursor;
-        return true;
+    bool match(Iterator& pos, Iterator end) const {
+        return detail::all_or_nothing(
+            pos, [this, end](Iterator& cursor) { return left_.match(cursor, end) && right_.match(cursor, end); });
     }
 
 private:
@@ -33,8 +28,7 @@ private:
 // `a >> b` is the sequence of a and b. Longer sequences nest to the left as
 // written: a >> b >> c is and_adapter<and_adapter<a, b>, c>.
 template <class A, class B>
-and_adapter<A, B> operator>>(const parser<A>& left, const parser<B>& right)
-{
+and_adapter<A, B> operator>>(const parser<A>& left, const parser<B>& right) {
     return and_adapter<A, B>(left.derived(), right.derived());
 }
 

@@ -29,14 +29,19 @@ namespace pelor {
 template <class Open, class Item, class Close>
 class balanced_adapter : public parser<balanced_adapter<Open, Item, Close>> {
 public:
-    balanced_adapter(const Open& open, const Item& item, const Close& close) : open_(open), item_(item), close_(close)
-    {
-    }
+    balanced_adapter(const Open& open, const Item& item, const Close& close)
+        : open_(open), item_(item), close_(close) {}
 
     template <class Iterator>
-    bool match(Iterator& pos, Iterator end) const
-    {
-        Iterator cursor = pos;
+    bool match(Iterator& pos, Iterator end) const {
+        return detail::all_or_nothing(pos, [this, end](Iterator& cursor) { return close_levels(cursor, end); });
+    }
+
+private:
+    // Moves `cursor` over items and nested levels up to the close of the
+    // level it starts in; false where a close is due and does not match.
+    template <class Iterator>
+    bool close_levels(Iterator& cursor, Iterator end) const {
         std::size_t open = 1;
         while (open > 0) {
             if (open_.match(cursor, end)) {
@@ -51,11 +56,9 @@ public:
             }
             --open;
         }
-        pos = cursor;
         return true;
     }
 
-private:
     Open open_;
     Item item_;
     Close close_;
@@ -65,8 +68,7 @@ private:
 // to the close that ends the outermost level.
 template <class Open, class Item, class Close>
 balanced_adapter<Open, Item, Close> balanced(const parser<Open>& open, const parser<Item>& item,
-                                             const parser<Close>& close)
-{
+                                             const parser<Close>& close) {
     return balanced_adapter<Open, Item, Close>(open.derived(), item.derived(), close.derived());
 }
 

@@ -33,23 +33,22 @@ public:
     chain_adapter(const First& first, const Link& link, const Fold& fold) : first_(first), link_(link), fold_(fold) {}
 
     template <class Iterator>
-    bool match(Iterator& pos, Iterator end) const
-    {
+    bool match(Iterator& pos, Iterator end) const {
         const Iterator start = pos;
-        Iterator cursor = start;
-        if (!first_.match(cursor, end)) {
-            return false;
-        }
-        std::size_t links = 0;
-        while (link_.match(cursor, end)) {
-            ++links;
-        }
-        const Iterator stop = cursor;
-        for (; links > 0; --links) {
-            fold_(start, stop);
-        }
-        pos = stop;
-        return true;
+        return detail::all_or_nothing(pos, [this, start, end](Iterator& cursor) {
+            if (!first_.match(cursor, end)) {
+                return false;
+            }
+            std::size_t links = 0;
+            while (link_.match(cursor, end)) {
+                ++links;
+            }
+            const Iterator stop = cursor;
+            for (; links > 0; --links) {
+                fold_(start, stop);
+            }
+            return true;
+        });
     }
 
 private:
@@ -61,8 +60,7 @@ private:
 // `chain(first, link, fold)`: first, then link as often as it can, each
 // matched link folded in from the right once the chain has ended.
 template <class First, class Link, class Fold>
-chain_adapter<First, Link, Fold> chain(const parser<First>& first, const parser<Link>& link, const Fold& fold)
-{
+chain_adapter<First, Link, Fold> chain(const parser<First>& first, const parser<Link>& link, const Fold& fold) {
     return chain_adapter<First, Link, Fold>(first.derived(), link.derived(), fold);
 }
 

@@ -20,17 +20,16 @@ public:
     literal_string(const char* text) : text_(text) {}
 
     template <class Iterator>
-    bool match(Iterator& pos, Iterator end) const
-    {
-        Iterator cursor = pos;
-        for (char expected : text_) {
-            if (cursor == end || *cursor != expected) {
-                return false;
+    bool match(Iterator& pos, Iterator end) const {
+        return detail::all_or_nothing(pos, [this, end](Iterator& cursor) {
+            for (char expected : text_) {
+                if (cursor == end || *cursor != expected) {
+                    return false;
+                }
+                ++cursor;
             }
-            ++cursor;
-        }
-        pos = cursor;
-        return true;
+            return true;
+        });
     }
 
 private:
@@ -38,13 +37,11 @@ private:
 };
 
 // The literal for `text`.
-inline literal_string lit(const char* text)
-{
+inline literal_string lit(const char* text) {
     return literal_string(text);
 }
 
-inline literal_string lit(std::string text)
-{
+inline literal_string lit(std::string text) {
     return literal_string(std::move(text));
 }
 

@@ -17,23 +17,17 @@ public:
     or_adapter(const A& left, const B& right) : left_(left), right_(right) {}
 
     template <class Iterator>
-    bool match(Iterator& pos, Iterator end) const
-    {
+    bool match(Iterator& pos, Iterator end) const {
         return attempt(left_, pos, end) || attempt(right_, pos, end);
     }
 
 private:
-    // Matches `alternative` on a fresh copy of the starting position, and
-    // hands the copy back only on success.
+    // Matches `alternative` from the starting position, which it leaves
+    // alone unless the alternative matches.
     template <class Alternative, class Iterator>
-    static bool attempt(const Alternative& alternative, Iterator& pos, Iterator end)
-    {
-        Iterator cursor = pos;
-        if (!alternative.match(cursor, end)) {
-            return false;
-        }
-        pos = cursor;
-        return true;
+    static bool attempt(const Alternative& alternative, Iterator& pos, Iterator end) {
+        return detail::all_or_nothing(pos,
+                                      [&alternative, end](Iterator& cursor) { return alternative.match(cursor, end); });
     }
 
     A left_;
@@ -44,8 +38,7 @@ private:
 // written, with the first alternative innermost: a | b | c is
 // or_adapter<or_adapter<a, b>, c>.
 template <class A, class B>
-or_adapter<A, B> operator|(const parser<A>& left, const parser<B>& right)
-{
+or_adapter<A, B> operator|(const parser<A>& left, const parser<B>& right) {
     return or_adapter<A, B>(left.derived(), right.derived());
 }
 

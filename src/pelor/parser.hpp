@@ -39,6 +39,24 @@ protected:
 template <class T>
 struct is_parser : std::is_base_of<parser<T>, T> {};
 
+namespace detail {
+
+// The all-or-nothing half of the scanning contract, for a parser that takes
+// several steps: calls `steps(cursor)` on a copy of `pos`, and moves `pos` to
+// where the copy stopped only when the steps succeed. Whatever the steps
+// consumed before they failed is so given back, however far they went.
+template <class Iterator, class Steps>
+bool all_or_nothing(Iterator& pos, const Steps& steps) {
+    Iterator cursor = pos;
+    if (!steps(cursor)) {
+        return false;
+    }
+    pos = cursor;
+    return true;
+}
+
+} // namespace detail
+
 } // namespace pelor
 
 #endif

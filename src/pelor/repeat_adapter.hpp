@@ -24,18 +24,14 @@ public:
     explicit repeat_adapter(const E& operand) : operand_(operand) {}
 
     template <class Iterator>
-    bool match(Iterator& pos, Iterator end) const
-    {
-        Iterator cursor = pos;
-        int count = 0;
-        while (count != Max && operand_.match(cursor, end)) {
-            ++count;
-        }
-        if (count < Min) {
-            return false;
-        }
-        pos = cursor;
-        return true;
+    bool match(Iterator& pos, Iterator end) const {
+        return detail::all_or_nothing(pos, [this, end](Iterator& cursor) {
+            int count = 0;
+            while (count != Max && operand_.match(cursor, end)) {
+                ++count;
+            }
+            return count >= Min;
+        });
     }
 
 private:
@@ -44,26 +40,22 @@ private:
 
 // `repeat<Min, Max>(e)`: e from Min to Max times, Max of -1 meaning no limit.
 template <int Min, int Max, class E>
-repeat_adapter<E, Min, Max> repeat(const parser<E>& operand)
-{
+repeat_adapter<E, Min, Max> repeat(const parser<E>& operand) {
     return repeat_adapter<E, Min, Max>(operand.derived());
 }
 
 template <class E>
-repeat_adapter<E, 0, -1> zero_or_more(const parser<E>& operand)
-{
+repeat_adapter<E, 0, -1> zero_or_more(const parser<E>& operand) {
     return repeat<0, -1>(operand);
 }
 
 template <class E>
-repeat_adapter<E, 1, -1> one_or_more(const parser<E>& operand)
-{
+repeat_adapter<E, 1, -1> one_or_more(const parser<E>& operand) {
     return repeat<1, -1>(operand);
 }
 
 template <class E>
-repeat_adapter<E, 0, 1> optional(const parser<E>& operand)
-{
+repeat_adapter<E, 0, 1> optional(const parser<E>& operand) {
     return repeat<0, 1>(operand);
 }
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "rules/ParsedRules.hpp"
 
-#include "host/textOrEmpty.hpp"
 #include "expr/Bindings.hpp"
+#include "expr/OwnedPointers.hpp"
 #include "expr/Path.hpp"
+#include "host/textOrEmpty.hpp"
 #include "rules/QueryPlan.hpp"
 #include "rules/expandIncludeRule.hpp"
 #include "rules/plainQueries.hpp"
@@ -19,30 +20,6 @@
 namespace QuorelScript {
 
 namespace {
-
-template <class Rule>
-void deleteRuleList(std::vector<Rule*>* rules) {
-    if (rules == nullptr)
-        return;
-    for (Rule* rule : *rules)
-        delete rule;
-    delete rules;
-}
-
-// Takes ownership of `rule`, also when the list cannot grow. A rule set made
-// from a script without rules of this kind has no list for them; appending a
-// later script's rule creates it, so that several scripts can be combined in
-// any order. The list is made only when a rule comes: a kind that never gets
-// one stays null, and a null list prints nothing, not even the empty line
-// that ends a block.
-template <class Rule>
-void appendOwned(std::vector<Rule*>*& rules, Rule* rule) {
-    std::unique_ptr<Rule> owned(rule);
-    if (rules == nullptr)
-        rules = new std::vector<Rule*>;
-    rules->push_back(rule);
-    owned.release();
-}
 
 template <class Rule>
 void substituteInto(std::vector<Rule*>* rules, const Bindings& bindings) {
@@ -112,25 +89,18 @@ private:
 };
 
 ParsedRules::ParsedRules(ExcludeRuleList* excludeRules, PruneRuleList* pruneRules, IncludeRuleList* includeRules)
-    : excludeRules(excludeRules),
-      includeRules(includeRules),
-      pruneRules(pruneRules),
-      hasVantorRoot(false),
-      hasCwd(false),
-      runningQueries(0),
-      preparedOnce(false),
-      plainAnswersSinceChange(0) {}
+    : excludeRules(excludeRules), includeRules(includeRules), pruneRules(pruneRules), hasVantorRoot(false),
+      hasCwd(false), runningQueries(0), preparedOnce(false), plainAnswersSinceChange(0) {}
 
 ParsedRules::~ParsedRules() {
-    deleteRuleList(excludeRules);
-    deleteRuleList(includeRules);
-    deleteRuleList(pruneRules);
+    deleteOwned(excludeRules);
+    deleteOwned(includeRules);
+    deleteOwned(pruneRules);
 }
 
 template <class Rule>
-bool ParsedRules::firstMatch(const std::vector<Rule*>* rules,
-                             const ConditionSequence& (QueryPlan::*conditions)() const, const char* file,
-                             const char* caller) {
+bool ParsedRules::firstMatch(const std::vector<Rule*>* rules, const ConditionSequence& (QueryPlan::*conditions)() const,
+                             const char* file, const char* caller) {
     if (rules == nullptr)
         return false;
     if (answersPlainly()) {
@@ -255,18 +225,24 @@ const std::string& ParsedRules::getLastMatchText() const {
     return lastMatchText;
 }
 
+// Each takes ownership of `rule`, also when the list cannot grow. A rule set
+// made from a script without rules of this kind has no list for them;
+// appending a later script's rule creates it, so that several scripts can be
+// combined in any order. The list is made only when a rule comes: a kind that
+// never gets one stays null, and a null list prints nothing, not even the
+// empty line that ends a block.
 void ParsedRules::appendExcludeRule(ExcludeRule* rule) {
-    appendOwned(excludeRules, rule);
+    pushOwnedCreatingList(excludeRules, rule);
     rulesChanged();
 }
 
 void ParsedRules::appendIncludeRule(IncludeRule* rule) {
-    appendOwned(includeRules, rule);
+    pushOwnedCreatingList(includeRules, rule);
     rulesChanged();
 }
 
 void ParsedRules::appendPruneRule(PruneRule* rule) {
-    appendOwned(pruneRules, rule);
+    pushOwnedCreatingList(pruneRules, rule);
     rulesChanged();
 }
 

@@ -8,6 +8,7 @@
 #include "expr/MultiOrExpression.hpp"
 #include "expr/NotExpression.hpp"
 #include "expr/OrExpression.hpp"
+#include "expr/OwnedPointers.hpp"
 #include "expr/exactType.hpp"
 
 #include <algorithm>
@@ -22,7 +23,7 @@ namespace QuorelScript {
 
 namespace {
 
-typedef std::unique_ptr<Expression<bool>> Owned;
+typedef OwnedPointer<Expression<bool>> Owned;
 typedef std::vector<Expression<bool>*> Operands;
 
 // What distinguishes an n-ary and from an n-ary or. Every rewrite of the one
@@ -79,10 +80,9 @@ private:
     std::unordered_set<const Expression<bool>*> nodes_;
 };
 
-// Makes a node of the rewrite's own, which is not simplified yet.
-template <class Node, class... Arguments>
-Node* made(Arguments... arguments) {
-    Node* node = new Node(arguments...);
+// Marks `node`, just made by the rewrite, as not simplified yet.
+template <class Node>
+Node* made(Node* node) {
     SimplifiedNodes* simplified = SimplifiedNodes::current();
     if (simplified != nullptr && isCompound(node))
         simplified->forget(node);
@@ -95,7 +95,7 @@ bool isSettled(const Expression<bool>* node, const SimplifiedNodes& simplified) 
 }
 
 Expression<bool>* literal(bool value) {
-    return made<BooleanLiteral>(value);
+    return made(new BooleanLiteral(value));
 }
 
 // The value of a condition without variables, which depends on nothing the
@@ -106,10 +106,7 @@ bool valueOf(const Expression<bool>& condition) {
 
 // A new not over `operand`, which it owns also when the allocation fails.
 Expression<bool>* negated(Expression<bool>* operand) {
-    Owned owned(operand);
-    Expression<bool>* node = made<NotExpression<bool>>(owned.get());
-    owned.release();
-    return node;
+    return made(newOwner<NotExpression<bool>>(Owned(operand)));
 }
 
 // Operands on their way from one node's vector into another's, owned until
@@ -251,7 +248,7 @@ Expression<bool>* simplifyJunction(std::unique_ptr<Multi> node) {
 
 template <class Multi>
 Expression<bool>* simplifyBinaryJunction(Owned binary) {
-    std::unique_ptr<Multi> node(made<Multi>());
+    std::unique_ptr<Multi> node(made(new Multi));
     appendSpliced(*node, std::move(binary));
     return simplifyJunction(std::move(node));
 }

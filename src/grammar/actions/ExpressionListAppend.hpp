@@ -21,8 +21,7 @@ struct ExpressionListAppend<Path> {
     typedef PathList Result;
 
     static Owned<PathList> build(Owned<PathList> list, Owned<Expression<Path>> element) {
-        list->push_back(element.get());
-        element.release();
+        pushOwned(*list, element.release());
         return list;
     }
 };

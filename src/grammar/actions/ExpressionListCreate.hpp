@@ -21,8 +21,7 @@ struct ExpressionListCreate<Path> {
 
     static Owned<PathList> build(Owned<Expression<Path>> first) {
         Owned<PathList> list(new PathList);
-        list->push_back(first.get());
-        first.release();
+        pushOwned(*list, first.release());
         return list;
     }
 };

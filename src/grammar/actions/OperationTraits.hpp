@@ -13,6 +13,8 @@
 #include "grammar/Owned.hpp"
 #include "rules/Rule.hpp"
 
+#include <utility>
+
 namespace QuorelScript {
 
 // What an operation of the grammar takes from the operand stacks (Operand,
@@ -28,11 +30,7 @@ struct UnaryNodeOperation {
     typedef A Operand;
     typedef R Result;
 
-    static Owned<R> build(Owned<A> operand) {
-        Owned<R> node(new X(operand.get()));
-        operand.release();
-        return node;
-    }
+    static Owned<R> build(Owned<A> operand) { return Owned<R>(newOwner<X>(std::move(operand))); }
 };
 
 // Builds X from two operands, the one written first on the left.
@@ -43,16 +41,12 @@ struct BinaryNodeOperation {
     typedef R Result;
 
     static Owned<R> build(Owned<A> left, Owned<B> right) {
-        Owned<R> node(new X(left.get(), right.get()));
-        left.release();
-        right.release();
-        return node;
+        return Owned<R>(newOwner<X>(std::move(left), std::move(right)));
     }
 };
 
 template <>
-struct Operation<NotExpression<bool>>
-    : UnaryNodeOperation<NotExpression<bool>, Expression<bool>, Expression<bool>> {};
+struct Operation<NotExpression<bool>> : UnaryNodeOperation<NotExpression<bool>, Expression<bool>, Expression<bool>> {};
 
 template <>
 struct Operation<ExistsExpression> : UnaryNodeOperation<ExistsExpression, Expression<bool>, Expression<Path>> {};
