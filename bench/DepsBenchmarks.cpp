@@ -38,8 +38,7 @@ const std::string workFolder = QXQR_BENCH_WORK_DIR;
 const std::string output = workFolder + "/deps-output.txt";
 const std::string programFolder = "/usr/bin";
 
-bool isDynamicProgram(const std::filesystem::path& path)
-{
+bool isDynamicProgram(const std::filesystem::path& path) {
     if (access(path.c_str(), X_OK) != 0)
         return false;
     try {
@@ -52,8 +51,7 @@ bool isDynamicProgram(const std::filesystem::path& path)
 
 // Every dynamically linked program of /usr/bin, symbolic links included,
 // in name order; found once.
-const std::vector<std::string>& programs()
-{
+const std::vector<std::string>& programs() {
     static const std::vector<std::string> found = [] {
         std::vector<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(programFolder))
@@ -65,25 +63,22 @@ const std::vector<std::string>& programs()
     return found;
 }
 
-void runProgram(benchmark::State& state, std::vector<std::string> command)
-{
+void runProgram(benchmark::State& state, std::vector<std::string> command) {
     command.insert(command.end(), programs().begin(), programs().end());
     if (timeProgramRuns(state, command, output))
         state.counters["programs"] = static_cast<double>(programs().size());
 }
 
-void qxqrDeps(benchmark::State& state)
-{
+void qxqrDeps(benchmark::State& state) {
     runProgram(state, {QXQR_BENCH_TOOL, "deps", "--format", "paths", "--allow-missing", "--"});
 }
 
-void qxqrDepsWithRules(benchmark::State& state)
-{
+void qxqrDepsWithRules(benchmark::State& state) {
     runProgram(state, {QXQR_BENCH_TOOL, "deps", "--format", "paths", "--allow-missing", "--precompute", "--root",
                        "/opt/app", QXQR_BENCH_EXAMPLES_DIR "/bundle.rules", "--"});
 }
 
-using Question = std::pair<std::string, std::optional<std::string>>;  // a file, and the file that led to it
+using Question = std::pair<std::string, std::optional<std::string>>; // a file, and the file that led to it
 
 // The rules of a walk, each question noted as the walk asks it; the
 // answers are the rules' own.
@@ -91,17 +86,14 @@ class NotingRules : public QuorelScript::Rules {
 public:
     NotingRules(QuorelScript::Rules& rules, std::set<Question>& asked) : rules(rules), asked(asked) {}
 
-    bool isExcluded(const char* file, const char* reserved, const char* caller) override
-    {
+    bool isExcluded(const char* file, const char* reserved, const char* caller) override {
         asked.emplace(file, caller ? std::optional<std::string>(caller) : std::nullopt);
         return rules.isExcluded(file, reserved, caller);
     }
-    bool isPruned(const char* file, const char* reserved, const char* caller) override
-    {
+    bool isPruned(const char* file, const char* reserved, const char* caller) override {
         return rules.isPruned(file, reserved, caller);
     }
-    void getIncludes(const char* file, const char* reserved, QuorelRules::Includer& includer) override
-    {
+    void getIncludes(const char* file, const char* reserved, QuorelRules::Includer& includer) override {
         rules.getIncludes(file, reserved, includer);
     }
     void setVantorRoot(const char* root) override { rules.setVantorRoot(root); }
@@ -120,8 +112,7 @@ private:
 // Every question the walk of the programs asks the rules, once: each file
 // met, with the file that led to it, and again with each further caller
 // while no caller has kept it.
-std::vector<Question> questionsAsked(QuorelScript::Rules& rules)
-{
+std::vector<Question> questionsAsked(QuorelScript::Rules& rules) {
     std::set<Question> asked;
     NotingRules noting(rules, asked);
     ElfFiles files;
@@ -137,8 +128,7 @@ std::vector<Question> questionsAsked(QuorelScript::Rules& rules)
 // The rules' own share of a walk: the bundling rules, precomputed, asked
 // in this process every question of the walk of the programs, as the walk
 // asks them (isExcluded, isPruned, then getIncludes for a kept file).
-void bundleRulesQuestions(benchmark::State& state)
-{
+void bundleRulesQuestions(benchmark::State& state) {
     QuorelScript::FileReader reader;
     std::unique_ptr<QuorelScript::Rules> rules(reader.read(QXQR_BENCH_EXAMPLES_DIR "/bundle.rules"));
     if (!rules) {
@@ -156,13 +146,11 @@ void bundleRulesQuestions(benchmark::State& state)
     state.counters["questions"] = static_cast<double>(questions.size());
 }
 
-void loaderList(benchmark::State& state)
-{
+void loaderList(benchmark::State& state) {
     runProgram(state, {"ldd"});
 }
 
-void registerOne(const std::string& on, void (*function)(benchmark::State&), int iterations)
-{
+void registerOne(const std::string& on, void (*function)(benchmark::State&), int iterations) {
     benchmark::RegisterBenchmark(benchmarkName("deps", on, programs().size()).c_str(), function)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond)
@@ -173,13 +161,11 @@ void registerOne(const std::string& on, void (*function)(benchmark::State&), int
 
 } // namespace
 
-std::string depsBenchmarkName(const std::string& on)
-{
+std::string depsBenchmarkName(const std::string& on) {
     return benchmarkName("deps", on, programs().size());
 }
 
-void registerDepsBenchmarks()
-{
+void registerDepsBenchmarks() {
     registerOne("qxqr", qxqrDeps, 5);
     registerOne("qxqrBundleRules", qxqrDepsWithRules, 5);
     registerOne("ldd", loaderList, 1);

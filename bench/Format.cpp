@@ -6,8 +6,7 @@
 
 namespace qxqr::bench {
 
-std::string numberText(double value)
-{
+std::string numberText(double value) {
     const double magnitude = std::fabs(value);
     const int decimals = magnitude >= 100 || magnitude == 0 ? 0 : magnitude >= 10 ? 1 : magnitude >= 1 ? 2 : 3;
     char text[64];
@@ -15,8 +14,7 @@ std::string numberText(double value)
     return text;
 }
 
-std::string timeText(double seconds)
-{
+std::string timeText(double seconds) {
     struct Unit {
         double size;
         const char* name;

@@ -18,8 +18,7 @@ namespace {
 
 const char* const skipHugeName = "QXQR_BENCH_SKIP_HUGE_NAME";
 
-void slashes(benchmark::State& state, std::size_t length)
-{
+void slashes(benchmark::State& state, std::size_t length) {
     const Workload& work = workload(10);
     std::unique_ptr<QuorelScript::Rules> rules = libraryRules(work.script, work.settings, Preparation::precomputed);
     const std::string file(length, '/');
@@ -30,8 +29,7 @@ void slashes(benchmark::State& state, std::size_t length)
 // The floor: a copy of the name with its runs of slashes collapsed, in one
 // pass, which the library must at least do to reach the normal form. The
 // copy's room is made once, as the library's buffers keep theirs.
-void collapsedCopy(benchmark::State& state, std::size_t length)
-{
+void collapsedCopy(benchmark::State& state, std::size_t length) {
     const std::string file(length, '/');
     std::string copy;
     copy.reserve(length);
@@ -43,8 +41,7 @@ void collapsedCopy(benchmark::State& state, std::size_t length)
     }
 }
 
-void registerSlashes(std::size_t length)
-{
+void registerSlashes(std::size_t length) {
     benchmark::RegisterBenchmark(benchmarkName("isExcluded", "slashes", length).c_str(), slashes, length)
         ->Unit(benchmark::kMillisecond)
         ->MinTime(0.5);
@@ -55,8 +52,7 @@ void registerSlashes(std::size_t length)
 
 } // namespace
 
-void registerLongNameBenchmarks()
-{
+void registerLongNameBenchmarks() {
     registerSlashes(slashNameLengths[0]);
     const std::string huge = benchmarkName("isExcluded", "slashes", slashNameLengths[1]);
     if (std::getenv(skipHugeName) != nullptr) {

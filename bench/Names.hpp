@@ -14,8 +14,7 @@ inline const std::vector<std::size_t> ruleCounts = {10, 100, 1000, 10000};
 // The names benchmarks are registered under and the summary finds them by:
 // what is measured, on what (asParsed, precomputed, yardstick, ...), and
 // its size.
-inline std::string benchmarkName(const std::string& what, const std::string& on, std::size_t size)
-{
+inline std::string benchmarkName(const std::string& what, const std::string& on, std::size_t size) {
     return what + "/" + on + "/" + std::to_string(size);
 }
 

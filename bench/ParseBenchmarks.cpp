@@ -21,15 +21,13 @@ namespace qxqr::bench {
 
 namespace {
 
-void reportBytes(benchmark::State& state, const std::string& text)
-{
+void reportBytes(benchmark::State& state, const std::string& text) {
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * text.size()));
 }
 
 // Times the parse alone (the rule set is deleted outside the clock) and
 // reports the allocations per byte of script.
-void parse(benchmark::State& state, const std::string* text)
-{
+void parse(benchmark::State& state, const std::string* text) {
     QuorelScript::Parser parser;
     std::size_t allocations = 0;
     for (auto _ : state) {
@@ -43,12 +41,11 @@ void parse(benchmark::State& state, const std::string* text)
         state.SetIterationTime(end - start);
     }
     reportBytes(state, *text);
-    state.counters["allocs/byte"] = benchmark::Counter(
-        static_cast<double>(allocations) / static_cast<double>(state.iterations() * text->size()));
+    state.counters["allocs/byte"] =
+        benchmark::Counter(static_cast<double>(allocations) / static_cast<double>(state.iterations() * text->size()));
 }
 
-void byteSum(benchmark::State& state, const std::string* text)
-{
+void byteSum(benchmark::State& state, const std::string* text) {
     for (auto _ : state) {
         unsigned sum = 0;
         for (char c : *text)
@@ -60,8 +57,7 @@ void byteSum(benchmark::State& state, const std::string* text)
 
 } // namespace
 
-void registerParseBenchmarks()
-{
+void registerParseBenchmarks() {
     for (std::size_t ruleCount : ruleCounts) {
         const std::string* script = &workload(ruleCount).script;
         benchmark::RegisterBenchmark(benchmarkName("parse", "script", ruleCount).c_str(), parse, script)

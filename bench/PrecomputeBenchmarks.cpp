@@ -9,15 +9,13 @@
 
 #include <benchmark/benchmark.h>
 
-
 namespace qxqr::bench {
 
 namespace {
 
 // Each iteration parses and configures a fresh rule set outside the clock,
 // then times its precompute.
-void precompute(benchmark::State& state, const std::string* script)
-{
+void precompute(benchmark::State& state, const std::string* script) {
     const Settings settings;
     for (auto _ : state) {
         std::unique_ptr<QuorelScript::Rules> rules = libraryRules(*script, settings, Preparation::asParsed);
@@ -30,8 +28,7 @@ void precompute(benchmark::State& state, const std::string* script)
 
 } // namespace
 
-void registerPrecomputeBenchmarks()
-{
+void registerPrecomputeBenchmarks() {
     for (std::size_t ruleCount : ruleCounts) {
         benchmark::RegisterBenchmark(benchmarkName("precompute", "script", ruleCount).c_str(), precompute,
                                      &workload(ruleCount).script)

@@ -5,8 +5,7 @@
 
 namespace qxqr::bench {
 
-bool timeProgramRuns(benchmark::State& state, const std::vector<std::string>& command, const std::string& output)
-{
+bool timeProgramRuns(benchmark::State& state, const std::vector<std::string>& command, const std::string& output) {
     double wallSeconds = 0;
     for (auto _ : state) {
         const Outcome outcome = runWithOutputTo(command, output);

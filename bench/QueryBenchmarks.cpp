@@ -34,8 +34,7 @@ public:
 // times (to find the iteration count, and once per repetition). Each is
 // asked all three questions when it is made, so that what only a first
 // query does (filling caches) is not counted.
-QuorelScript::Rules& rulesFor(std::size_t ruleCount, Preparation preparation)
-{
+QuorelScript::Rules& rulesFor(std::size_t ruleCount, Preparation preparation) {
     static std::map<std::pair<std::size_t, Preparation>, std::unique_ptr<QuorelScript::Rules>> made;
     std::unique_ptr<QuorelScript::Rules>& rules = made[{ruleCount, preparation}];
     if (!rules) {
@@ -53,8 +52,7 @@ QuorelScript::Rules& rulesFor(std::size_t ruleCount, Preparation preparation)
     return *rules;
 }
 
-Yardstick& yardstickFor(std::size_t ruleCount)
-{
+Yardstick& yardstickFor(std::size_t ruleCount) {
     static std::map<std::size_t, std::unique_ptr<Yardstick>> made;
     std::unique_ptr<Yardstick>& yardstick = made[ruleCount];
     if (!yardstick) {
@@ -67,8 +65,7 @@ Yardstick& yardstickFor(std::size_t ruleCount)
 }
 
 // The workload's files for which the include rules add nothing.
-const std::vector<std::string>& filesIncludingNothing(std::size_t ruleCount)
-{
+const std::vector<std::string>& filesIncludingNothing(std::size_t ruleCount) {
     static std::map<std::size_t, std::vector<std::string>> made;
     auto found = made.find(ruleCount);
     if (found != made.end())
@@ -86,8 +83,7 @@ const std::vector<std::string>& filesIncludingNothing(std::size_t ruleCount)
 // Runs `ask(file)` once per iteration over `files` in turn, and reports the
 // allocations per query.
 template <class Ask>
-void eachQuery(benchmark::State& state, const std::vector<std::string>& files, Ask&& ask)
-{
+void eachQuery(benchmark::State& state, const std::vector<std::string>& files, Ask&& ask) {
     std::size_t next = 0;
     const std::size_t allocationsBefore = ReplacedAllocator::count();
     for (auto _ : state) {
@@ -98,14 +94,12 @@ void eachQuery(benchmark::State& state, const std::vector<std::string>& files, A
     state.counters["allocs/query"] = benchmark::Counter(allocations, benchmark::Counter::kAvgIterations);
 }
 
-void reportIncludes(benchmark::State& state, std::size_t included)
-{
+void reportIncludes(benchmark::State& state, std::size_t included) {
     state.counters["includes/query"] =
         benchmark::Counter(static_cast<double>(included), benchmark::Counter::kAvgIterations);
 }
 
-void isExcluded(benchmark::State& state, std::size_t ruleCount, Preparation preparation)
-{
+void isExcluded(benchmark::State& state, std::size_t ruleCount, Preparation preparation) {
     QuorelScript::Rules& rules = rulesFor(ruleCount, preparation);
     const char* caller = workload(ruleCount).caller.c_str();
     eachQuery(state, workload(ruleCount).queries, [&](const std::string& file) {
@@ -113,8 +107,7 @@ void isExcluded(benchmark::State& state, std::size_t ruleCount, Preparation prep
     });
 }
 
-void isPruned(benchmark::State& state, std::size_t ruleCount, Preparation preparation)
-{
+void isPruned(benchmark::State& state, std::size_t ruleCount, Preparation preparation) {
     QuorelScript::Rules& rules = rulesFor(ruleCount, preparation);
     const char* caller = workload(ruleCount).caller.c_str();
     eachQuery(state, workload(ruleCount).queries, [&](const std::string& file) {
@@ -122,8 +115,7 @@ void isPruned(benchmark::State& state, std::size_t ruleCount, Preparation prepar
     });
 }
 
-void getIncludes(benchmark::State& state, std::size_t ruleCount, Preparation preparation)
-{
+void getIncludes(benchmark::State& state, std::size_t ruleCount, Preparation preparation) {
     QuorelScript::Rules& rules = rulesFor(ruleCount, preparation);
     CountingIncluder includer;
     eachQuery(state, workload(ruleCount).queries,
@@ -132,8 +124,7 @@ void getIncludes(benchmark::State& state, std::size_t ruleCount, Preparation pre
 }
 
 // Where the host's includer receives nothing, a query should not allocate.
-void getIncludesOfNothing(benchmark::State& state, std::size_t ruleCount, Preparation preparation)
-{
+void getIncludesOfNothing(benchmark::State& state, std::size_t ruleCount, Preparation preparation) {
     QuorelScript::Rules& rules = rulesFor(ruleCount, preparation);
     CountingIncluder includer;
     eachQuery(state, filesIncludingNothing(ruleCount),
@@ -141,22 +132,19 @@ void getIncludesOfNothing(benchmark::State& state, std::size_t ruleCount, Prepar
     reportIncludes(state, includer.count);
 }
 
-void isExcludedYardstick(benchmark::State& state, std::size_t ruleCount)
-{
+void isExcludedYardstick(benchmark::State& state, std::size_t ruleCount) {
     const Yardstick& yardstick = yardstickFor(ruleCount);
     eachQuery(state, workload(ruleCount).queries,
               [&](const std::string& file) { benchmark::DoNotOptimize(yardstick.isExcluded(file)); });
 }
 
-void isPrunedYardstick(benchmark::State& state, std::size_t ruleCount)
-{
+void isPrunedYardstick(benchmark::State& state, std::size_t ruleCount) {
     const Yardstick& yardstick = yardstickFor(ruleCount);
     eachQuery(state, workload(ruleCount).queries,
               [&](const std::string& file) { benchmark::DoNotOptimize(yardstick.isPruned(file)); });
 }
 
-void getIncludesYardstick(benchmark::State& state, std::size_t ruleCount)
-{
+void getIncludesYardstick(benchmark::State& state, std::size_t ruleCount) {
     Yardstick& yardstick = yardstickFor(ruleCount);
     std::size_t included = 0;
     eachQuery(state, workload(ruleCount).queries, [&](const std::string& file) {
@@ -170,30 +158,27 @@ void getIncludesYardstick(benchmark::State& state, std::size_t ruleCount)
 
 // Repeated, so that the figures are medians; long enough per repetition to
 // take many files even where a query costs milliseconds.
-void configure(benchmark::internal::Benchmark* benchmark)
-{
+void configure(benchmark::internal::Benchmark* benchmark) {
     benchmark->Unit(benchmark::kMicrosecond)->MinTime(0.2)->Repetitions(3)->DisplayAggregatesOnly();
 }
 
 using LibraryQuery = void (*)(benchmark::State&, std::size_t, Preparation);
 using YardstickQuery = void (*)(benchmark::State&, std::size_t);
 
-void registerQuery(const std::string& name, LibraryQuery library, YardstickQuery yardstick)
-{
+void registerQuery(const std::string& name, LibraryQuery library, YardstickQuery yardstick) {
     for (std::size_t ruleCount : ruleCounts) {
-        configure(benchmark::RegisterBenchmark(benchmarkName(name, "asParsed", ruleCount).c_str(), library,
-                                               ruleCount, Preparation::asParsed));
+        configure(benchmark::RegisterBenchmark(benchmarkName(name, "asParsed", ruleCount).c_str(), library, ruleCount,
+                                               Preparation::asParsed));
         configure(benchmark::RegisterBenchmark(benchmarkName(name, "precomputed", ruleCount).c_str(), library,
                                                ruleCount, Preparation::precomputed));
-        configure(benchmark::RegisterBenchmark(benchmarkName(name, "yardstick", ruleCount).c_str(), yardstick,
-                                               ruleCount));
+        configure(
+            benchmark::RegisterBenchmark(benchmarkName(name, "yardstick", ruleCount).c_str(), yardstick, ruleCount));
     }
 }
 
 } // namespace
 
-void registerQueryBenchmarks()
-{
+void registerQueryBenchmarks() {
     registerQuery("isExcluded", isExcluded, isExcludedYardstick);
     registerQuery("isPruned", isPruned, isPrunedYardstick);
     registerQuery("getIncludes", getIncludes, getIncludesYardstick);

@@ -14,10 +14,9 @@ namespace qxqr::bench {
 
 namespace {
 
-using Pair = std::pair<std::string, std::string>;  // a figure and its yardstick
+using Pair = std::pair<std::string, std::string>; // a figure and its yardstick
 
-std::vector<Pair> pairs()
-{
+std::vector<Pair> pairs() {
     std::vector<Pair> made;
     for (std::size_t ruleCount : ruleCounts)
         made.emplace_back(benchmarkName("parse", "script", ruleCount), benchmarkName("parse", "yardstick", ruleCount));
@@ -34,11 +33,13 @@ std::vector<Pair> pairs()
                           benchmarkName("getIncludes", "yardstick", ruleCount));
     // Preparing the rules, beside reading them.
     for (std::size_t ruleCount : ruleCounts)
-        made.emplace_back(benchmarkName("precompute", "script", ruleCount), benchmarkName("parse", "script", ruleCount));
+        made.emplace_back(benchmarkName("precompute", "script", ruleCount),
+                          benchmarkName("parse", "script", ruleCount));
     made.emplace_back(benchmarkName("precompute", "disjunctions", disjunctionCount),
                       benchmarkName("parse", "disjunctions", disjunctionCount));
     for (std::size_t length : slashNameLengths)
-        made.emplace_back(benchmarkName("isExcluded", "slashes", length), benchmarkName("slashes", "yardstick", length));
+        made.emplace_back(benchmarkName("isExcluded", "slashes", length),
+                          benchmarkName("slashes", "yardstick", length));
     for (std::size_t folders : walkTreeFolderCounts)
         made.emplace_back(benchmarkName("walk", "qxqr", walkTreeFilesIn(folders)),
                           benchmarkName("walk", "find", walkTreeFilesIn(folders)));
@@ -50,8 +51,7 @@ std::vector<Pair> pairs()
 
 } // namespace
 
-void printRatios(const ResultsReporter& results, std::ostream& out)
-{
+void printRatios(const ResultsReporter& results, std::ostream& out) {
     out << "\nEach figure beside its yardstick (processor time per operation; ratio = figure / yardstick)\n";
     out << std::left << std::setw(36) << "figure" << std::setw(12) << "time" << std::setw(36) << "yardstick"
         << std::setw(12) << "time"

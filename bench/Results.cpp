@@ -7,16 +7,13 @@ namespace qxqr::bench {
 
 namespace {
 
-benchmark::ConsoleReporter::OutputOptions consoleOptions()
-{
-    return isatty(STDOUT_FILENO) ? benchmark::ConsoleReporter::OO_ColorTabular
-                                 : benchmark::ConsoleReporter::OO_Tabular;
+benchmark::ConsoleReporter::OutputOptions consoleOptions() {
+    return isatty(STDOUT_FILENO) ? benchmark::ConsoleReporter::OO_ColorTabular : benchmark::ConsoleReporter::OO_Tabular;
 }
 
 } // namespace
 
-std::optional<double> Result::counter(const std::string& name) const
-{
+std::optional<double> Result::counter(const std::string& name) const {
     auto found = counters.find(name);
     if (found == counters.end())
         return std::nullopt;
@@ -25,8 +22,7 @@ std::optional<double> Result::counter(const std::string& name) const
 
 ResultsReporter::ResultsReporter() : benchmark::ConsoleReporter(consoleOptions()) {}
 
-void ResultsReporter::ReportRuns(const std::vector<Run>& runs)
-{
+void ResultsReporter::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs)
         keep(run);
     benchmark::ConsoleReporter::ReportRuns(runs);
@@ -34,8 +30,7 @@ void ResultsReporter::ReportRuns(const std::vector<Run>& runs)
 
 // A repeated benchmark reports its repetitions (when shown) before its
 // aggregates: the median is kept over them, the other aggregates are not.
-void ResultsReporter::keep(const Run& run)
-{
+void ResultsReporter::keep(const Run& run) {
     if (run.error_occurred)
         return;
     if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median")
@@ -49,8 +44,7 @@ void ResultsReporter::keep(const Run& run)
     results[run.run_name.function_name] = result;
 }
 
-std::optional<Result> ResultsReporter::find(const std::string& name) const
-{
+std::optional<Result> ResultsReporter::find(const std::string& name) const {
     auto found = results.find(name);
     if (found == results.end())
         return std::nullopt;

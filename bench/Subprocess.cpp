@@ -28,23 +28,20 @@ private:
     posix_spawn_file_actions_t actions;
 };
 
-double seconds(const timeval& time)
-{
+double seconds(const timeval& time) {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
 }
 
 } // namespace
 
-Outcome runWithOutputTo(const std::vector<std::string>& command, const std::string& output)
-{
+Outcome runWithOutputTo(const std::vector<std::string>& command, const std::string& output) {
     std::vector<char*> arguments;
     for (const std::string& argument : command)
         arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);
 
     FileActions actions;
-    posix_spawn_file_actions_addopen(actions.get(), STDOUT_FILENO, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
-                                     0644);
+    posix_spawn_file_actions_addopen(actions.get(), STDOUT_FILENO, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     Outcome outcome;
     const auto start = std::chrono::steady_clock::now();
     pid_t child = 0;

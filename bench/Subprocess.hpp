@@ -9,9 +9,9 @@ namespace qxqr::bench {
 
 // How a program run ended, and what it cost.
 struct Outcome {
-    int status = -1;         // the exit status; -1 when it could not be started or did not exit normally
-    double cpuSeconds = 0;   // the processor time it used, in user and system mode
-    double wallSeconds = 0;  // from starting it to its end
+    int status = -1;        // the exit status; -1 when it could not be started or did not exit normally
+    double cpuSeconds = 0;  // the processor time it used, in user and system mode
+    double wallSeconds = 0; // from starting it to its end
 };
 
 // Runs the program `command[0]` (looked up in PATH when it has no slash)

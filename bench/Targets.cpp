@@ -27,8 +27,7 @@ struct Target {
     Check check;
 };
 
-Check timeAtMost(const std::string& name, double seconds)
-{
+Check timeAtMost(const std::string& name, double seconds) {
     return [=](const ResultsReporter& results) -> std::optional<Verdict> {
         std::optional<Result> result = results.find(name);
         if (!result)
@@ -37,8 +36,7 @@ Check timeAtMost(const std::string& name, double seconds)
     };
 }
 
-Check timeAtMostTimes(const std::string& name, const std::string& other, double factor)
-{
+Check timeAtMostTimes(const std::string& name, const std::string& other, double factor) {
     return [=](const ResultsReporter& results) -> std::optional<Verdict> {
         std::optional<Result> result = results.find(name);
         std::optional<Result> base = results.find(other);
@@ -49,8 +47,7 @@ Check timeAtMostTimes(const std::string& name, const std::string& other, double 
     };
 }
 
-Check bytesPerSecondAtLeast(const std::string& name, double megabytes)
-{
+Check bytesPerSecondAtLeast(const std::string& name, double megabytes) {
     return [=](const ResultsReporter& results) -> std::optional<Verdict> {
         std::optional<Result> result = results.find(name);
         std::optional<double> rate = result ? result->counter("bytes_per_second") : std::nullopt;
@@ -62,8 +59,7 @@ Check bytesPerSecondAtLeast(const std::string& name, double megabytes)
 
 // The worst of the figures `names` by allocations per query beyond the
 // paths handed to the includer (none for queries that hand over nothing).
-Check allocationsAtMostIncludes(const std::vector<std::string>& names)
-{
+Check allocationsAtMostIncludes(const std::vector<std::string>& names) {
     return [=](const ResultsReporter& results) -> std::optional<Verdict> {
         std::optional<Verdict> worst;
         double worstExcess = 0;
@@ -82,8 +78,7 @@ Check allocationsAtMostIncludes(const std::vector<std::string>& names)
     };
 }
 
-std::vector<std::string> allFigures(const std::vector<const char*>& queries)
-{
+std::vector<std::string> allFigures(const std::vector<const char*>& queries) {
     std::vector<std::string> names;
     for (const char* query : queries) {
         for (const char* preparation : {"asParsed", "precomputed"}) {
@@ -94,8 +89,7 @@ std::vector<std::string> allFigures(const std::vector<const char*>& queries)
     return names;
 }
 
-std::vector<Target> targets()
-{
+std::vector<Target> targets() {
     std::vector<Target> made;
     for (const char* query : {"isExcluded", "isPruned"}) {
         const std::string q = query;
@@ -103,11 +97,11 @@ std::vector<Target> targets()
                         timeAtMost(benchmarkName(q, "precomputed", 10), 150e-9)});
         made.push_back({q + " after precompute, 1,000 rules: at most 1 us",
                         timeAtMost(benchmarkName(q, "precomputed", 1000), 1e-6)});
-        made.push_back({q + " after precompute, 10,000 rules: at most 3 times 1,000",
-                        timeAtMostTimes(benchmarkName(q, "precomputed", 10000),
-                                        benchmarkName(q, "precomputed", 1000), 3)});
-        made.push_back({q + " as parsed, 1,000 rules: at most 5 us",
-                        timeAtMost(benchmarkName(q, "asParsed", 1000), 5e-6)});
+        made.push_back(
+            {q + " after precompute, 10,000 rules: at most 3 times 1,000",
+             timeAtMostTimes(benchmarkName(q, "precomputed", 10000), benchmarkName(q, "precomputed", 1000), 3)});
+        made.push_back(
+            {q + " as parsed, 1,000 rules: at most 5 us", timeAtMost(benchmarkName(q, "asParsed", 1000), 5e-6)});
     }
     made.push_back({"isExcluded, isPruned: no allocation per query",
                     allocationsAtMostIncludes(allFigures({"isExcluded", "isPruned"}))});
@@ -135,8 +129,7 @@ std::vector<Target> targets()
 
 } // namespace
 
-void printTargets(const ResultsReporter& results, std::ostream& out)
-{
+void printTargets(const ResultsReporter& results, std::ostream& out) {
     out << "\nTargets (release build, one core; processor time, the median where repeated)\n";
     for (const Target& target : targets()) {
         std::optional<Verdict> verdict = target.check(results);

@@ -23,25 +23,21 @@ namespace {
 const std::string workFolder = QXQR_BENCH_WORK_DIR;
 const std::string output = workFolder + "/walk-output.txt";
 
-std::string treeOf(std::size_t folders)
-{
+std::string treeOf(std::size_t folders) {
     return workFolder + "/walk-tree-" + std::to_string(walkTreeFilesIn(folders));
 }
 
 // The 10-rule workload's rules, and the ones that make the walk a
 // dependency analysis of the tree: main.c brings every source, every
 // source its header, and headers are not looked into.
-std::string walkScript()
-{
-    return workload(10).script +
-           "% the walk over the tree\n"
-           "prune if $ext == .h\n"
-           "include $cwd/src/*/*.c if $file == $cwd/main.c\n"
-           "include $dir/$name.h if $ext == .c\n";
+std::string walkScript() {
+    return workload(10).script + "% the walk over the tree\n"
+                                 "prune if $ext == .h\n"
+                                 "include $cwd/src/*/*.c if $file == $cwd/main.c\n"
+                                 "include $dir/$name.h if $ext == .c\n";
 }
 
-std::size_t linesOf(const std::string& file)
-{
+std::size_t linesOf(const std::string& file) {
     std::ifstream in(file);
     return static_cast<std::size_t>(
         std::count(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>(), '\n'));
@@ -51,15 +47,13 @@ std::size_t linesOf(const std::string& file)
 // reports how many lines of output it wrote, less `summaryLines`, as the
 // files it met.
 void runProgram(benchmark::State& state, std::size_t folders, const std::vector<std::string>& command,
-                std::size_t summaryLines)
-{
+                std::size_t summaryLines) {
     makeWalkTree(treeOf(folders), folders);
     if (timeProgramRuns(state, command, output))
         state.counters["files"] = static_cast<double>(linesOf(output) - summaryLines);
 }
 
-void qxqrWalk(benchmark::State& state, std::size_t folders)
-{
+void qxqrWalk(benchmark::State& state, std::size_t folders) {
     const std::string tree = treeOf(folders);
     const std::string script = workFolder + "/walk-tree.rules";
     std::ofstream(script) << walkScript();
@@ -69,15 +63,13 @@ void qxqrWalk(benchmark::State& state, std::size_t folders)
                1);
 }
 
-void findFiles(benchmark::State& state, std::size_t folders)
-{
+void findFiles(benchmark::State& state, std::size_t folders) {
     runProgram(state, folders, {"find", treeOf(folders), "-type", "f"}, 0);
 }
 
 } // namespace
 
-void registerWalkBenchmarks()
-{
+void registerWalkBenchmarks() {
     for (std::size_t folders : walkTreeFolderCounts) {
         const std::size_t files = walkTreeFilesIn(folders);
         benchmark::RegisterBenchmark(benchmarkName("walk", "qxqr", files).c_str(), qxqrWalk, folders)

@@ -12,14 +12,12 @@ namespace {
 
 constexpr int sourcesPerFolder = 500;
 
-void touch(const std::filesystem::path& file)
-{
+void touch(const std::filesystem::path& file) {
     if (!std::ofstream(file))
         throw std::runtime_error("cannot create " + file.string());
 }
 
-std::string numbered(char letter, int number)
-{
+std::string numbered(char letter, int number) {
     char text[16];
     std::snprintf(text, sizeof text, "%c%03d", letter, number);
     return text;
@@ -27,8 +25,7 @@ std::string numbered(char letter, int number)
 
 } // namespace
 
-void makeWalkTree(const std::string& root, std::size_t folders)
-{
+void makeWalkTree(const std::string& root, std::size_t folders) {
     const std::filesystem::path marker = root + ".complete";
     if (std::filesystem::exists(marker))
         return;

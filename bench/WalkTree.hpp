@@ -12,8 +12,7 @@ namespace qxqr::bench {
 // fNNN.h. The walks go over a tree of 10 folders and one of 100, so that
 // they show how the cost grows with the files.
 constexpr std::size_t walkTreeFolderCounts[] = {10, 100};
-constexpr std::size_t walkTreeFilesIn(std::size_t folders)
-{
+constexpr std::size_t walkTreeFilesIn(std::size_t folders) {
     return 2 + folders * 1000;
 }
 // The larger tree, 100,002 empty files, which the target is about.

@@ -17,14 +17,12 @@ namespace {
 // Every string the reader returns is bytes of the file ended by a NUL byte
 // of the file. Their total length proves nothing: many entries may name
 // the same string, and segments may overlap.
-void requireReadFromFile(std::string_view file, const std::string& text)
-{
+void requireReadFromFile(std::string_view file, const std::string& text) {
     if (file.find(std::string_view(text.c_str(), text.size() + 1)) == std::string_view::npos)
         std::abort(); // the fuzzer reports only a crash, so this must be one
 }
 
-void requireReadFromFile(std::string_view file, const std::optional<std::string>& text)
-{
+void requireReadFromFile(std::string_view file, const std::optional<std::string>& text) {
     if (text)
         requireReadFromFile(file, *text);
 }

@@ -3,8 +3,7 @@
 
 namespace qxqr::bench {
 
-std::string_view FileParts::operator[](FileVariable variable) const
-{
+std::string_view FileParts::operator[](FileVariable variable) const {
     switch (variable) {
     case FileVariable::dir:
         return dir;
@@ -18,12 +17,11 @@ std::string_view FileParts::operator[](FileVariable variable) const
     return file;
 }
 
-FileParts fileParts(std::string_view file)
-{
+FileParts fileParts(std::string_view file) {
     const std::size_t slash = file.rfind('/');
     const std::size_t dot = file.rfind('.');
-    const bool hasExtension = dot != std::string_view::npos && dot != 0 &&
-                              (slash == std::string_view::npos || slash < dot);
+    const bool hasExtension =
+        dot != std::string_view::npos && dot != 0 && (slash == std::string_view::npos || slash < dot);
     const std::size_t nameStart = slash == std::string_view::npos ? 0 : slash + 1;
     const std::size_t extensionStart = hasExtension ? dot : file.size();
 

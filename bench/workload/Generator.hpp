@@ -28,8 +28,8 @@ std::vector<Rule> generateRules(std::size_t count, std::uint32_t seed);
 // normal form). About half are made from a randomly chosen rule's hit
 // example, so that some rule holds for them; the others are project files
 // that no generated rule holds for.
-std::vector<std::string> generateQueries(const std::vector<Rule>& rules, const Settings& settings,
-                                         std::size_t count, std::uint32_t seed);
+std::vector<std::string> generateQueries(const std::vector<Rule>& rules, const Settings& settings, std::size_t count,
+                                         std::uint32_t seed);
 
 // The file that a hit or miss example stands for: the host's values filled
 // in, and "{stem}" replaced by "f" and the number `stem`.

@@ -9,8 +9,7 @@
 namespace qxqr::bench {
 
 std::unique_ptr<QuorelScript::Rules> libraryRules(const std::string& script, const Settings& settings,
-                                                  Preparation preparation)
-{
+                                                  Preparation preparation) {
     std::ostringstream errors;
     QuorelScript::Parser parser;
     parser.setScriptName("generated.rules");

@@ -7,18 +7,15 @@ namespace qxqr::bench {
 
 namespace {
 
-bool isNameCharacter(char c)
-{
+bool isNameCharacter(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) || c == '_';
 }
 
-bool startsVariable(const std::string& path, std::size_t at)
-{
+bool startsVariable(const std::string& path, std::size_t at) {
     return path[at] == '$' && at + 1 < path.size() && std::isalpha(static_cast<unsigned char>(path[at + 1]));
 }
 
-void appendText(std::vector<PathPart>& parts, char c)
-{
+void appendText(std::vector<PathPart>& parts, char c) {
     if (parts.empty() || parts.back().isVariable)
         parts.push_back({false, std::string()});
     parts.back().text += c;
@@ -26,8 +23,7 @@ void appendText(std::vector<PathPart>& parts, char c)
 
 } // namespace
 
-std::vector<PathPart> pathParts(const std::string& path)
-{
+std::vector<PathPart> pathParts(const std::string& path) {
     std::vector<PathPart> parts;
     std::size_t at = 0;
     while (at < path.size()) {

@@ -12,7 +12,7 @@ namespace qxqr::bench {
 // follow the '$' (so "$name.h" is the variable name, then ".h").
 struct PathPart {
     bool isVariable;
-    std::string text;  // the plain text, or the variable's bare name
+    std::string text; // the plain text, or the variable's bare name
 };
 
 std::vector<PathPart> pathParts(const std::string& path);

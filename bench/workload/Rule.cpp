@@ -5,8 +5,7 @@ namespace qxqr::bench {
 
 namespace {
 
-const char* variableText(FileVariable variable)
-{
+const char* variableText(FileVariable variable) {
     switch (variable) {
     case FileVariable::dir:
         return "$dir";
@@ -20,8 +19,7 @@ const char* variableText(FileVariable variable)
     return "$file";
 }
 
-const char* keyword(RuleKind kind)
-{
+const char* keyword(RuleKind kind) {
     switch (kind) {
     case RuleKind::prune:
         return "prune";
@@ -35,8 +33,7 @@ const char* keyword(RuleKind kind)
 
 // "[a, b]": a bracketed list, which (unlike a bare one) may stand before
 // `and` and `if`.
-std::string listText(const std::vector<std::string>& paths)
-{
+std::string listText(const std::vector<std::string>& paths) {
     std::string text = "[";
     for (const std::string& path : paths) {
         if (text.size() > 1)
@@ -46,8 +43,7 @@ std::string listText(const std::vector<std::string>& paths)
     return text + "]";
 }
 
-std::string testText(const Test& test)
-{
+std::string testText(const Test& test) {
     std::string text = test.negated ? "not " : "";
     text += variableText(test.variable);
     if (test.comparison == Comparison::equals)
@@ -55,8 +51,7 @@ std::string testText(const Test& test)
     return text + " in " + listText(test.paths);
 }
 
-std::string conditionText(const std::vector<Test>& condition)
-{
+std::string conditionText(const std::vector<Test>& condition) {
     std::string text;
     for (const Test& test : condition) {
         if (!text.empty())
@@ -68,16 +63,14 @@ std::string conditionText(const std::vector<Test>& condition)
 
 } // namespace
 
-std::string statementText(const Rule& rule)
-{
+std::string statementText(const Rule& rule) {
     std::string text = keyword(rule.kind);
     if (rule.kind == RuleKind::include)
         text += " " + listText(rule.includes);
     return text + " if " + conditionText(rule.condition);
 }
 
-std::string scriptText(const std::vector<Rule>& rules)
-{
+std::string scriptText(const std::vector<Rule>& rules) {
     std::string text;
     for (std::size_t index = 0; index < rules.size(); ++index) {
         if (index % 10 == 0)

@@ -17,8 +17,8 @@ enum class RuleKind { exclude, prune, include };
 enum class FileVariable { file, dir, name, ext };
 
 enum class Comparison {
-    equals,      // `$x == P`: the variable's text is P
-    startsWith,  // `$x in [P, Q]`: it begins with one of the paths
+    equals,     // `$x == P`: the variable's text is P
+    startsWith, // `$x in [P, Q]`: it begins with one of the paths
 };
 
 // One comparison of a file variable with paths written as in a script; the
@@ -32,8 +32,8 @@ struct Test {
 
 struct Rule {
     RuleKind kind;
-    std::vector<Test> condition;        // the tests joined by `and`
-    std::vector<std::string> includes;  // an include rule's paths; they may name $dir, $name, $ext and $file
+    std::vector<Test> condition;       // the tests joined by `and`
+    std::vector<std::string> includes; // an include rule's paths; they may name $dir, $name, $ext and $file
     // A file the condition holds for, written with variables, where "{stem}"
     // stands for any name part: what the query generator makes hits from.
     std::string hitExample;

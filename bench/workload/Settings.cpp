@@ -7,12 +7,13 @@
 
 namespace qxqr::bench {
 
-std::string withHostValues(const std::string& path, const Settings& settings)
-{
-    const std::map<std::string, std::string> values = {
-        {"vantor", settings.vantorRoot}, {"toolbox", settings.vantorRoot + "/toolbox"},
-        {"cwd", settings.cwd},           {"vrk", ".vrkilx"},
-        {"lib", ".so"},                  {"arch", "ia32lx"}};
+std::string withHostValues(const std::string& path, const Settings& settings) {
+    const std::map<std::string, std::string> values = {{"vantor", settings.vantorRoot},
+                                                       {"toolbox", settings.vantorRoot + "/toolbox"},
+                                                       {"cwd", settings.cwd},
+                                                       {"vrk", ".vrkilx"},
+                                                       {"lib", ".so"},
+                                                       {"arch", "ia32lx"}};
     std::string result;
     for (const PathPart& part : pathParts(path)) {
         auto value = part.isVariable ? values.find(part.text) : values.end();

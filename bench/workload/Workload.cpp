@@ -12,8 +12,7 @@ namespace {
 constexpr std::uint32_t ruleSeed = 20240611;
 constexpr std::uint32_t querySeed = 11062024;
 
-Workload generate(std::size_t ruleCount)
-{
+Workload generate(std::size_t ruleCount) {
     Workload made;
     made.rules = generateRules(ruleCount, ruleSeed);
     made.script = scriptText(made.rules);
@@ -22,8 +21,7 @@ Workload generate(std::size_t ruleCount)
     return made;
 }
 
-std::string disjunctions(std::size_t count)
-{
+std::string disjunctions(std::size_t count) {
     std::string text;
     for (std::size_t n = 1; n <= count; ++n) {
         const std::string number = std::to_string(n);
@@ -34,14 +32,12 @@ std::string disjunctions(std::size_t count)
 
 } // namespace
 
-const std::string& disjunctionScript()
-{
+const std::string& disjunctionScript() {
     static const std::string text = disjunctions(disjunctionCount);
     return text;
 }
 
-const Workload& workload(std::size_t ruleCount)
-{
+const Workload& workload(std::size_t ruleCount) {
     static std::map<std::size_t, Workload> made;
     auto found = made.find(ruleCount);
     if (found == made.end())

@@ -18,7 +18,7 @@ struct Workload {
     std::vector<Rule> rules;
     std::string script;
     std::vector<std::string> queries;
-    std::string caller;  // the file every query names as the one that referred to it
+    std::string caller; // the file every query names as the one that referred to it
 };
 
 // How many files each workload asks about.

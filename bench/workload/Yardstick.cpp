@@ -7,8 +7,7 @@
 
 namespace qxqr::bench {
 
-Yardstick::Yardstick(const std::vector<Rule>& rules, const Settings& settings)
-{
+Yardstick::Yardstick(const std::vector<Rule>& rules, const Settings& settings) {
     for (const Rule& rule : rules) {
         switch (rule.kind) {
         case RuleKind::exclude:
@@ -26,18 +25,15 @@ Yardstick::Yardstick(const std::vector<Rule>& rules, const Settings& settings)
     }
 }
 
-bool Yardstick::isExcluded(std::string_view file) const
-{
+bool Yardstick::isExcluded(std::string_view file) const {
     return anyHolds(excludes, file);
 }
 
-bool Yardstick::isPruned(std::string_view file) const
-{
+bool Yardstick::isPruned(std::string_view file) const {
     return anyHolds(prunes, file);
 }
 
-Yardstick::Condition Yardstick::resolved(const std::vector<Test>& condition, const Settings& settings)
-{
+Yardstick::Condition Yardstick::resolved(const std::vector<Test>& condition, const Settings& settings) {
     Condition tests;
     for (const Test& test : condition) {
         tests.push_back({test.variable, test.comparison, {}, test.negated});
@@ -50,11 +46,11 @@ Yardstick::Condition Yardstick::resolved(const std::vector<Test>& condition, con
 // The file's own variables become pieces filled in per query; any other
 // variable left after the host's values are in has no value and stays as
 // written, as the library leaves it.
-Yardstick::PathPieces Yardstick::pieces(const std::string& path, const Settings& settings)
-{
-    static const std::map<std::string, FileVariable> fileVariables = {
-        {"file", FileVariable::file}, {"dir", FileVariable::dir},
-        {"name", FileVariable::name}, {"ext", FileVariable::ext}};
+Yardstick::PathPieces Yardstick::pieces(const std::string& path, const Settings& settings) {
+    static const std::map<std::string, FileVariable> fileVariables = {{"file", FileVariable::file},
+                                                                      {"dir", FileVariable::dir},
+                                                                      {"name", FileVariable::name},
+                                                                      {"ext", FileVariable::ext}};
     PathPieces result;
     for (const PathPart& part : pathParts(withHostValues(path, settings))) {
         auto variable = part.isVariable ? fileVariables.find(part.text) : fileVariables.end();
@@ -66,21 +62,18 @@ Yardstick::PathPieces Yardstick::pieces(const std::string& path, const Settings&
     return result;
 }
 
-bool Yardstick::holds(const ResolvedTest& test, const FileParts& parts)
-{
+bool Yardstick::holds(const ResolvedTest& test, const FileParts& parts) {
     const std::string_view value = parts[test.variable];
     bool found = false;
     for (const std::string& path : test.paths) {
-        found = test.comparison == Comparison::equals ? value == path
-                                                      : value.substr(0, path.size()) == path;
+        found = test.comparison == Comparison::equals ? value == path : value.substr(0, path.size()) == path;
         if (found)
             break;
     }
     return found != test.negated;
 }
 
-bool Yardstick::holds(const Condition& condition, const FileParts& parts)
-{
+bool Yardstick::holds(const Condition& condition, const FileParts& parts) {
     for (const ResolvedTest& test : condition) {
         if (!holds(test, parts))
             return false;
@@ -88,8 +81,7 @@ bool Yardstick::holds(const Condition& condition, const FileParts& parts)
     return true;
 }
 
-bool Yardstick::anyHolds(const std::vector<Condition>& conditions, std::string_view file)
-{
+bool Yardstick::anyHolds(const std::vector<Condition>& conditions, std::string_view file) {
     const FileParts parts = fileParts(file);
     for (const Condition& condition : conditions) {
         if (holds(condition, parts))
@@ -98,8 +90,7 @@ bool Yardstick::anyHolds(const std::vector<Condition>& conditions, std::string_v
     return false;
 }
 
-void Yardstick::write(const PathPieces& pathPieces, const FileParts& parts)
-{
+void Yardstick::write(const PathPieces& pathPieces, const FileParts& parts) {
     path.clear();
     for (const PathPiece& piece : pathPieces) {
         if (piece.variable)

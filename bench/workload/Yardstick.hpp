@@ -63,12 +63,11 @@ private:
     std::vector<Condition> excludes;
     std::vector<Condition> prunes;
     std::vector<ResolvedInclude> includes;
-    std::string path;  // the include path being written, kept so that it stops allocating once grown
+    std::string path; // the include path being written, kept so that it stops allocating once grown
 };
 
 template <class Includer>
-void Yardstick::getIncludes(std::string_view file, Includer&& includer)
-{
+void Yardstick::getIncludes(std::string_view file, Includer&& includer) {
     const FileParts parts = fileParts(file);
     for (const ResolvedInclude& rule : includes) {
         if (!holds(rule.condition, parts))

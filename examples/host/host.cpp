@@ -14,8 +14,7 @@ namespace {
 // The host's callback for the files that include rules add.
 class PrintIncludes : public QuorelRules::Includer {
 public:
-    bool include(const char* path) override
-    {
+    bool include(const char* path) override {
         std::cout << "    includes " << path << "\n";
         return true;
     }
@@ -23,8 +22,7 @@ public:
 
 } // namespace
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     if (argc < 4) {
         std::cerr << "usage: qxqr_host_example SCRIPT ROOT FILE...\n";
         return 2;
@@ -35,7 +33,7 @@ int main(int argc, char** argv)
     QuorelScript::FileReader reader;
     reader.getParser().setErrorSink(&std::cerr);
     std::unique_ptr<QuorelScript::Rules> rules(reader.read(argv[1]));
-    if (!rules) {  // a syntax error (reported above) or a file that cannot be read
+    if (!rules) { // a syntax error (reported above) or a file that cannot be read
         std::cerr << "qxqr_host_example: no rules from " << argv[1] << "\n";
         return 1;
     }

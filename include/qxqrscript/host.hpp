@@ -45,8 +45,7 @@ public:
 // all in byte order of the paths; "." and ".." are never reported, and what
 // the procedures return is ignored. The last argument is reserved.
 QXQRSCRIPT_API void kfFindMatchingFilesAndDirs(const char* pattern, const kfStringProcedure& fileProc,
-                                               const kfStringProcedure& dirProc, int wholeDirectory,
-                                               bool reserved);
+                                               const kfStringProcedure& dirProc, int wholeDirectory, bool reserved);
 
 // The first occurrence of `needle` in `haystack`, stepping over whole
 // multibyte characters of the current locale; null when there is none or

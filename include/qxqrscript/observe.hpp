@@ -106,7 +106,7 @@ enum class Expansion { Plain, Directory, Pattern };
 
 // One path of an include rule whose condition held.
 struct IncludedPath {
-    std::string text;  // the path with its variables substituted
+    std::string text; // the path with its variables substituted
     Expansion expansion = Expansion::Plain;
     // The files it gave, in the order the includer would receive them: the
     // path itself when Plain, else what the directory services found.

@@ -55,7 +55,6 @@ bool slashesAreWholeCharacters() {
     return std::strcmp(codeset, "UTF-8") == 0 || std::strcmp(codeset, "utf8") == 0;
 }
 
-
 // Where a slash is a whole character wherever its byte stands, the search
 // finds every slash that another one follows, so each run of slashes before
 // the first NUL shrinks to one, and the text ends at that NUL: one pass.

@@ -41,8 +41,7 @@ private:
 // empty or not depending on whether its writer had come yet.
 bool isPipe(int descriptor, const struct stat& status) {
     struct statfs fileSystem;
-    return S_ISFIFO(status.st_mode) && ::fstatfs(descriptor, &fileSystem) == 0 &&
-           fileSystem.f_type == PIPEFS_MAGIC;
+    return S_ISFIFO(status.st_mode) && ::fstatfs(descriptor, &fileSystem) == 0 && fileSystem.f_type == PIPEFS_MAGIC;
 }
 
 // Appends what `descriptor` gives to `text` until the file ends or `text`

@@ -115,10 +115,10 @@ void Grammar::buildPaths() {
 
     // The blanks after a further item belong to that item, so a list of two
     // or more paths written without brackets leaves no blank behind it.
-    path_list_body = zero_or_more(ref(blank)) >> ref(path)[PushUnaryOp<ExpressionListCreate<Path>>(parser_)] >>
-                     zero_or_more(zero_or_more(ref(blank)) >> ch(',') >> zero_or_more(ref(blank)) >>
-                                  ref(path)[PushBinaryOp<ExpressionListAppend<Path>>(parser_)] >>
-                                  zero_or_more(ref(blank)));
+    path_list_body =
+        zero_or_more(ref(blank)) >> ref(path)[PushUnaryOp<ExpressionListCreate<Path>>(parser_)] >>
+        zero_or_more(zero_or_more(ref(blank)) >> ch(',') >> zero_or_more(ref(blank)) >>
+                     ref(path)[PushBinaryOp<ExpressionListAppend<Path>>(parser_)] >> zero_or_more(ref(blank)));
 
     path_list = (ch('[') >> ref(path_list_body) >> ch(']')) | ref(path_list_body);
 }
@@ -131,11 +131,12 @@ void Grammar::buildComparisons() {
     not_in_tail = ((lit("not in") >> boundary() >> zero_or_more(ref(blank)) >>
                     ref(path_list))[PushBinaryOp<InExpression>(parser_)])[PushUnaryOp<NotExpression<bool>>(parser_)];
 
-    equals_tail = (DebugPrintMessage(parser_, "Attempting to parse equals expression") >>
-                   lit("==") >> zero_or_more(ref(blank)) >> ref(path))[PushBinaryOp<EqualsExpression<Path>>(parser_)];
+    equals_tail = (DebugPrintMessage(parser_, "Attempting to parse equals expression") >> lit("==") >>
+                   zero_or_more(ref(blank)) >> ref(path))[PushBinaryOp<EqualsExpression<Path>>(parser_)];
 
-    not_equals_tail = ((lit("!=") >> zero_or_more(ref(blank)) >>
-                        ref(path))[PushBinaryOp<EqualsExpression<Path>>(parser_)])[PushUnaryOp<NotExpression<bool>>(parser_)];
+    not_equals_tail =
+        ((lit("!=") >> zero_or_more(ref(blank)) >>
+          ref(path))[PushBinaryOp<EqualsExpression<Path>>(parser_)])[PushUnaryOp<NotExpression<bool>>(parser_)];
 
     exists_tail = lit("exists")[PushUnaryOp<ExistsExpression>(parser_)];
 
@@ -145,22 +146,21 @@ void Grammar::buildComparisons() {
 
 // The literals, parentheses, "not", and the chains of "and" and "or".
 void Grammar::buildConditions() {
-    boolean_literal =
-        (lit("true") >> boundary())[PushClone<BooleanLiteral>(parser_, GrammarConstants::trueLiteral)] |
-        (lit("false") >> boundary())[PushClone<BooleanLiteral>(parser_, GrammarConstants::falseLiteral)];
+    boolean_literal = (lit("true") >> boundary())[PushClone<BooleanLiteral>(parser_, GrammarConstants::trueLiteral)] |
+                      (lit("false") >> boundary())[PushClone<BooleanLiteral>(parser_, GrammarConstants::falseLiteral)];
 
     // The one production that nests. Each parenthesis takes a level, and one
     // past the limit is turned down (and recorded), so the recursion's stack
     // stays bounded.
-    primary = ref(boolean_literal) |
-              (ch('(') >> pelor::nested(parser_.nesting(), zero_or_more(ref(blank)) >> ref(or_expr) >>
-                                                               zero_or_more(ref(blank)) >> ch(')')));
+    primary =
+        ref(boolean_literal) | (ch('(') >> pelor::nested(parser_.nesting(), zero_or_more(ref(blank)) >> ref(or_expr) >>
+                                                                                zero_or_more(ref(blank)) >> ch(')')));
 
     // The literals win over a comparison whose path happens to spell them.
     atom = ref(primary) | ref(comparison);
 
-    unary = ref(atom) |
-            (lit("not") >> boundary() >> zero_or_more(ref(blank)) >> ref(atom))[PushUnaryOp<NotExpression<bool>>(parser_)];
+    unary = ref(atom) | (lit("not") >> boundary() >> zero_or_more(ref(blank)) >>
+                         ref(atom))[PushUnaryOp<NotExpression<bool>>(parser_)];
 
     // "a and b and c" is and(a, and(b, c)). The chain reads its operands in
     // a loop and joins them from the right once the last one has been read,
@@ -203,8 +203,9 @@ void Grammar::buildStatements() {
 
     prune_rule = conditionRule<PruneRule>("prune");
 
-    include_rule = (zero_or_more(ref(blank)) >> lit("include") >> one_or_more(ref(blank)) >> ref(path_list) >>
-                    one_or_more(ref(blank)) >> guardedRule<PushBinaryOp<IncludeRule>>())[AttachDebugInfo<IncludeRule>(parser_)];
+    include_rule =
+        (zero_or_more(ref(blank)) >> lit("include") >> one_or_more(ref(blank)) >> ref(path_list) >>
+         one_or_more(ref(blank)) >> guardedRule<PushBinaryOp<IncludeRule>>())[AttachDebugInfo<IncludeRule>(parser_)];
 
     statement_end = zero_or_more(ref(blank)) >> (ref(comment) | pelor::end_of_input() | ref(newline));
 

@@ -83,7 +83,8 @@ bool isTooDeepToMatch(const char* pattern) {
     const char* firstWildcard = std::strpbrk(pattern, "*?");
     if (firstWildcard == nullptr)
         return false;
-    const std::size_t slashesAfter = static_cast<std::size_t>(std::count(firstWildcard, firstWildcard + std::strlen(firstWildcard), '/'));
+    const std::size_t slashesAfter =
+        static_cast<std::size_t>(std::count(firstWildcard, firstWildcard + std::strlen(firstWildcard), '/'));
     return slashesAfter >= maxNamesFromFirstWildcard;
 }
 

@@ -5,13 +5,13 @@
 #include "expr/BooleanLiteral.hpp"
 #include "expr/EqualsExpression.hpp"
 #include "expr/ExistsExpression.hpp"
-#include "expr/exactType.hpp"
 #include "expr/InExpression.hpp"
 #include "expr/MultiAndExpression.hpp"
 #include "expr/MultiOrExpression.hpp"
 #include "expr/NotExpression.hpp"
 #include "expr/OrExpression.hpp"
 #include "expr/PathLiteral.hpp"
+#include "expr/exactType.hpp"
 #include "expr/variableSubstitution.hpp"
 
 #include <optional>

@@ -88,7 +88,7 @@ bool traceCondition(const Observe::Condition& view, const std::vector<NodeSource
     values.assign(view.nodes.size(), NodeValue());
     struct Frame {
         std::size_t index;
-        std::size_t next;  // the operand to evaluate next
+        std::size_t next; // the operand to evaluate next
     };
     std::vector<Frame> frames{{0, 0}};
     while (!frames.empty()) {

@@ -9,8 +9,7 @@ namespace detail {
 // widened to int. Bytes of 0x80 and above therefore reach the classification
 // functions as negative values, for which the C library's tables say "no" in
 // the POSIX locale: they are neither letters, nor digits, nor word characters.
-inline int classification_code(char byte)
-{
+inline int classification_code(char byte) {
     return static_cast<int>(static_cast<signed char>(byte));
 }
 

@@ -15,8 +15,7 @@ public:
     explicit char_class(const Predicate& predicate = Predicate()) : predicate_(predicate) {}
 
     template <class Iterator>
-    bool match(Iterator& pos, Iterator end) const
-    {
+    bool match(Iterator& pos, Iterator end) const {
         if (pos == end || !predicate_(*pos)) {
             return false;
         }

@@ -11,8 +11,7 @@ namespace pelor {
 class end_of_input : public parser<end_of_input> {
 public:
     template <class Iterator>
-    bool match(Iterator& pos, Iterator end) const
-    {
+    bool match(Iterator& pos, Iterator end) const {
         return pos == end;
     }
 };

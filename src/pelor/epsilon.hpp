@@ -16,8 +16,7 @@ public:
     epsilon() = default;
 
     template <class Iterator>
-    bool match(Iterator&, Iterator) const
-    {
+    bool match(Iterator&, Iterator) const {
         return true;
     }
 };

@@ -19,8 +19,7 @@ public:
     explicit epsilon_adapter(const E& operand) : operand_(operand) {}
 
     template <class Iterator>
-    bool match(Iterator& pos, Iterator end) const
-    {
+    bool match(Iterator& pos, Iterator end) const {
         Iterator scratch = pos;
         return operand_.match(scratch, end);
     }
@@ -31,8 +30,7 @@ private:
 
 // `at(e)`: succeeds, without moving, where e would match.
 template <class E>
-epsilon_adapter<E> at(const parser<E>& operand)
-{
+epsilon_adapter<E> at(const parser<E>& operand) {
     return epsilon_adapter<E>(operand.derived());
 }
 

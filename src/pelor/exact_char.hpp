@@ -18,8 +18,7 @@ private:
 };
 
 // The parser matching the single byte `c`.
-inline char_class<exact_char> ch(char c)
-{
+inline char_class<exact_char> ch(char c) {
     return char_class<exact_char>(exact_char(c));
 }
 

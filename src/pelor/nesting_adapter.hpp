@@ -22,8 +22,7 @@ public:
     bool exceeded() const { return exceeded_; }
 
     // Back to the outermost level, nothing turned down; for a new text.
-    void reset()
-    {
+    void reset() {
         current_ = 0;
         exceeded_ = false;
     }
@@ -65,8 +64,7 @@ public:
     nesting_adapter(nesting_depth& depth, const E& operand) : depth_(&depth), operand_(operand) {}
 
     template <class Iterator>
-    bool match(Iterator& pos, Iterator end) const
-    {
+    bool match(Iterator& pos, Iterator end) const {
         if (depth_->current_ >= depth_->limit_) {
             depth_->exceeded_ = true;
             return false;
@@ -82,8 +80,7 @@ private:
 
 // `nested(depth, e)`: e, one level deeper on `depth`, if the limit allows.
 template <class E>
-nesting_adapter<E> nested(nesting_depth& depth, const parser<E>& operand)
-{
+nesting_adapter<E> nested(nesting_depth& depth, const parser<E>& operand) {
     return nesting_adapter<E>(depth, operand.derived());
 }
 

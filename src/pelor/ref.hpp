@@ -25,8 +25,7 @@ public:
     explicit ref(const Rule& target) : rule_(&target) {}
 
     template <class Iterator>
-    bool match(Iterator& pos, Iterator end) const
-    {
+    bool match(Iterator& pos, Iterator end) const {
         return detail::enter_body(rule_->body(), pos, end);
     }
 

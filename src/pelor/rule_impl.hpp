@@ -22,20 +22,15 @@ class rule_impl final : public rule_impl_base {
 public:
     explicit rule_impl(const Expression& expression) : expression_(expression) {}
 
-    bool parse(const char*& pos, const char* end) const override
-    {
-        return expression_.match(pos, end);
-    }
+    bool parse(const char*& pos, const char* end) const override { return expression_.match(pos, end); }
 
     bool parse(char*& pos, char* end) const override { return expression_.match(pos, end); }
 
-    bool parse(std::string::const_iterator& pos, std::string::const_iterator end) const override
-    {
+    bool parse(std::string::const_iterator& pos, std::string::const_iterator end) const override {
         return expression_.match(pos, end);
     }
 
-    bool parse(std::string::iterator& pos, std::string::iterator end) const override
-    {
+    bool parse(std::string::iterator& pos, std::string::iterator end) const override {
         return expression_.match(pos, end);
     }
 

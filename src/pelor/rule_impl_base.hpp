@@ -31,8 +31,7 @@ namespace detail {
 // Enters a rule body, if there is one: an absent body fails at once and
 // leaves the position alone.
 template <class Iterator>
-bool enter_body(const rule_impl_base* body, Iterator& pos, Iterator end)
-{
+bool enter_body(const rule_impl_base* body, Iterator& pos, Iterator end) {
     return body != nullptr && body->parse(pos, end);
 }
 

@@ -7,8 +7,9 @@ namespace QuorelScript {
 
 ConditionSequence::ConditionSequence(CompiledConditions conditions, ScratchLayout& layout)
     : conditions_(std::move(conditions)), indexed_(false), candidatesSlot_(0) {
-    const auto guarded = std::count_if(conditions_.begin(), conditions_.end(),
-                                       [](const std::unique_ptr<CompiledCondition>& c) { return !c->guards().empty(); });
+    const auto guarded =
+        std::count_if(conditions_.begin(), conditions_.end(),
+                      [](const std::unique_ptr<CompiledCondition>& c) { return !c->guards().empty(); });
     if (static_cast<std::size_t>(guarded) >= indexThreshold)
         buildIndex(layout);
 }

@@ -18,11 +18,8 @@ std::string normalized(std::string text) {
 // toolbox joins the normalized root and "/toolbox", then normalizes the
 // joint, so a root that ends in '/' gives no doubled slash.
 ConfiguredVariables::ConfiguredVariables(const std::string& vantorRoot, const std::string& cwd)
-    : vantorRoot_(vantorRoot),
-      cwdArgument_(cwd),
-      vantor_(normalized(vantorRoot)),
-      toolbox_(normalized(vantor_ + normalized("/toolbox"))),
-      cwd_(normalized(cwd)) {}
+    : vantorRoot_(vantorRoot), cwdArgument_(cwd), vantor_(normalized(vantorRoot)),
+      toolbox_(normalized(vantor_ + normalized("/toolbox"))), cwd_(normalized(cwd)) {}
 
 std::string_view ConfiguredVariables::value(QueryVariable variable) const {
     switch (variable) {

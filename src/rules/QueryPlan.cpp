@@ -38,12 +38,10 @@ std::vector<std::vector<CompiledPath>> compiledPaths(const IncludeRuleList* rule
 
 QueryPlan::QueryPlan(const ExcludeRuleList* excludeRules, const PruneRuleList* pruneRules,
                      const IncludeRuleList* includeRules, const std::string& vantorRoot, const std::string& cwd)
-    : configured_(vantorRoot, cwd),
-      exclusions_(compiledConditions(excludeRules, configured_, layout_), layout_),
+    : configured_(vantorRoot, cwd), exclusions_(compiledConditions(excludeRules, configured_, layout_), layout_),
       prunings_(compiledConditions(pruneRules, configured_, layout_), layout_),
       inclusions_(compiledConditions(includeRules, configured_, layout_), layout_),
-      includedPaths_(compiledPaths(includeRules, configured_, layout_)),
-      contextsInUse_(0) {}
+      includedPaths_(compiledPaths(includeRules, configured_, layout_)), contextsInUse_(0) {}
 
 QueryPlan::~QueryPlan() {}
 

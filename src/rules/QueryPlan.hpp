@@ -22,8 +22,8 @@ namespace QuorelScript {
 class QueryPlan {
 public:
     // Null lists are prepared as empty ones.
-    QueryPlan(const ExcludeRuleList* excludeRules, const PruneRuleList* pruneRules,
-              const IncludeRuleList* includeRules, const std::string& vantorRoot, const std::string& cwd);
+    QueryPlan(const ExcludeRuleList* excludeRules, const PruneRuleList* pruneRules, const IncludeRuleList* includeRules,
+              const std::string& vantorRoot, const std::string& cwd);
     QueryPlan(const QueryPlan&) = delete;
     QueryPlan& operator=(const QueryPlan&) = delete;
     ~QueryPlan();

@@ -7,8 +7,8 @@ namespace QuorelScript {
 
 namespace {
 
-const std::string_view names[queryVariableCount] = {"vantor", "toolbox", "file", "caller", "cwd", "dir",
-                                                     "name",   "ext",     vrkName, archName, libName};
+const std::string_view names[queryVariableCount] = {"vantor", "toolbox", "file",  "caller", "cwd",  "dir",
+                                                    "name",   "ext",     vrkName, archName, libName};
 
 } // namespace
 

@@ -10,8 +10,7 @@ static const char anonymousRuleText[] = "<anonymous rule>";
 
 // The handlers free what the constructor was given when building the rule
 // itself fails, so that ownership passes even then.
-ConditionRule::ConditionRule(Expression<bool>* condition) try
-    : debugInfo(anonymousRuleText), condition(condition) {
+ConditionRule::ConditionRule(Expression<bool>* condition) try : debugInfo(anonymousRuleText), condition(condition) {
 } catch (...) {
     delete condition;
 }
@@ -20,8 +19,7 @@ ConditionRule::~ConditionRule() {
     delete condition;
 }
 
-IncludeRule::IncludeRule(PathList* paths, Expression<bool>* condition) try
-    : ConditionRule(condition), paths(paths) {
+IncludeRule::IncludeRule(PathList* paths, Expression<bool>* condition) try : ConditionRule(condition), paths(paths) {
 } catch (...) {
     deletePathList(paths);
 }

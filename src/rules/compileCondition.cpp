@@ -173,8 +173,7 @@ std::optional<IndexableTest> indexableTest(IndexableTest::Kind kind, const Compi
 
 class EqualsCondition : public CompiledCondition {
 public:
-    EqualsCondition(CompiledPath left, CompiledPath right)
-        : left_(std::move(left)), right_(std::move(right)) {
+    EqualsCondition(CompiledPath left, CompiledPath right) : left_(std::move(left)), right_(std::move(right)) {
         test_ = indexableTest(IndexableTest::Kind::equality, left_, {&right_});
         if (!test_)
             test_ = indexableTest(IndexableTest::Kind::equality, right_, {&left_});
@@ -237,9 +236,7 @@ private:
 class OpaqueCondition : public CompiledCondition {
 public:
     explicit OpaqueCondition(const Expression<bool>& condition) : condition_(&condition) {}
-    bool holds(QueryContext& context) const override {
-        return condition_->evaluate(context.variables().bindings());
-    }
+    bool holds(QueryContext& context) const override { return condition_->evaluate(context.variables().bindings()); }
     bool asksTheHost() const override { return true; }
 
 private:
@@ -255,12 +252,14 @@ public:
         if (type == typeid(BooleanLiteral))
             return std::make_unique<FixedCondition>(static_cast<const BooleanLiteral&>(condition).value());
         if (type == typeid(AndExpression) || type == typeid(MultiAndExpression))
-            return std::make_unique<AllCondition>(junctionOperands<AndExpression, MultiAndExpression, AllCondition>(condition));
+            return std::make_unique<AllCondition>(
+                junctionOperands<AndExpression, MultiAndExpression, AllCondition>(condition));
         if (type == typeid(OrExpression) || type == typeid(MultiOrExpression))
-            return std::make_unique<AnyCondition>(junctionOperands<OrExpression, MultiOrExpression, AnyCondition>(condition),
-                                                  layout_);
+            return std::make_unique<AnyCondition>(
+                junctionOperands<OrExpression, MultiOrExpression, AnyCondition>(condition), layout_);
         if (type == typeid(NotExpression<bool>))
-            return std::make_unique<NotCondition>(compile(*static_cast<const NotExpression<bool>&>(condition).operand()));
+            return std::make_unique<NotCondition>(
+                compile(*static_cast<const NotExpression<bool>&>(condition).operand()));
         if (type == typeid(EqualsExpression<Path>))
             return compileEquals(static_cast<const EqualsExpression<Path>&>(condition));
         if (type == typeid(InExpression))

@@ -19,14 +19,13 @@ using QuorelScript::Rules;
 
 namespace {
 
-const char* const script =
-    "% rules for the test tree\n"
-    "exclude if $file in [$toolbox/local]\n"
-    "exclude if $ext == .o or $file == $generated\n"
-    "prune if $dir == $cwd/stop ... % only there\n"
-    "      and not $name == keep\n"
-    "include [$dir/$name.h, $vantor/extra] if $ext == .c\n"
-    "include $vantor/pat/*.txt unless $name != main\n";
+const char* const script = "% rules for the test tree\n"
+                           "exclude if $file in [$toolbox/local]\n"
+                           "exclude if $ext == .o or $file == $generated\n"
+                           "prune if $dir == $cwd/stop ... % only there\n"
+                           "      and not $name == keep\n"
+                           "include [$dir/$name.h, $vantor/extra] if $ext == .c\n"
+                           "include $vantor/pat/*.txt unless $name != main\n";
 
 class EndToEnd : public ::testing::Test {
 protected:
@@ -66,13 +65,15 @@ TEST_F(EndToEnd, PrintedRuleSet) {
     std::ostringstream out;
     out << rules.get();
     EXPECT_EQ("\texclude if in($file,[$toolbox/local])\n"
-              "\texclude if or(equals($ext,.o),equals($file," + tree.path("src/gen.c") + "))\n"
-              "\n"
-              "\tprune if and(equals($dir,$cwd/stop),not(equals($name,keep)))\n"
-              "\n"
-              "\tinclude [$dir/$name.h,$vantor/extra] if equals($ext,.c)\n"
-              "\tinclude [$vantor/pat/*.txt] if not(not(equals($name,main)))\n"
-              "\n",
+              "\texclude if or(equals($ext,.o),equals($file," +
+                  tree.path("src/gen.c") +
+                  "))\n"
+                  "\n"
+                  "\tprune if and(equals($dir,$cwd/stop),not(equals($name,keep)))\n"
+                  "\n"
+                  "\tinclude [$dir/$name.h,$vantor/extra] if equals($ext,.c)\n"
+                  "\tinclude [$vantor/pat/*.txt] if not(not(equals($name,main)))\n"
+                  "\n",
               out.str());
 }
 

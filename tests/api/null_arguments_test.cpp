@@ -19,10 +19,9 @@ using QuorelScript::Rules;
 
 namespace {
 
-const char* const script =
-    "exclude if $file == $caller\n"
-    "prune if $vantor/a exists or $cwd/b exists or $name == $value\n"
-    "include $dir/x.h if true\n";
+const char* const script = "exclude if $file == $caller\n"
+                           "prune if $vantor/a exists or $cwd/b exists or $name == $value\n"
+                           "include $dir/x.h if true\n";
 
 std::unique_ptr<Rules> parsed(const char* text) {
     Parser parser;
@@ -168,10 +167,10 @@ TEST(NullArguments, NullRootAndDirectoryAreTheEmptyOnes) {
 TEST(NullArguments, BindVariableIgnoresNull) {
     const std::string unbound = configuredAndPrecomputed([](Rules&) {});
     EXPECT_EQ(unbound, configuredAndPrecomputed([](Rules& rules) {
-        ASSERT_NO_THROW(rules.bindVariable(nullptr, "x"));
-        ASSERT_NO_THROW(rules.bindVariable("value", nullptr));
-        ASSERT_NO_THROW(rules.bindVariable(nullptr, nullptr));
-    }));
+                  ASSERT_NO_THROW(rules.bindVariable(nullptr, "x"));
+                  ASSERT_NO_THROW(rules.bindVariable("value", nullptr));
+                  ASSERT_NO_THROW(rules.bindVariable(nullptr, nullptr));
+              }));
 }
 
 TEST(NullArguments, NullRuleSetPrintsNothing) {

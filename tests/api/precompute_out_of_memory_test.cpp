@@ -24,11 +24,10 @@ namespace Observe = QuorelScript::Observe;
 
 // No literal false anywhere, and nothing that folds to false: a condition
 // shown as false can only be a missing one.
-const char script[] =
-    "exclude if $ext == .o\n"
-    "exclude if $dir == gen\n"
-    "prune if $name == skip or $ext == .tmp\n"
-    "prune if $dir == gen\n";
+const char script[] = "exclude if $ext == .o\n"
+                      "exclude if $dir == gen\n"
+                      "prune if $name == skip or $ext == .tmp\n"
+                      "prune if $dir == gen\n";
 
 const char file[] = "gen/skip.o";
 
@@ -82,8 +81,7 @@ TEST(PrecomputeOutOfMemory, ARuleLeftWithoutConditionNeverHolds) {
         ++leftWithout;
         std::ostringstream printed;
         printed << rules.get();
-        EXPECT_NE(printed.str().find(excludeWithout ? "\texclude if false\n" : "\tprune if false\n"),
-                  std::string::npos)
+        EXPECT_NE(printed.str().find(excludeWithout ? "\texclude if false\n" : "\tprune if false\n"), std::string::npos)
             << printed.str();
         rules->precompute();
         EXPECT_EQ(isLeftWithoutCondition(*rules, Observe::RuleKind::Exclude), excludeWithout);

@@ -139,8 +139,8 @@ void expectWorks(const Script& script, Precompute precompute) {
 // down to its innermost comparison.
 Script deepestNesting(int levels) {
     // Every level is "false or (true and not (...) and true)".
-    const std::string exclude = repeated("$ext == .h or $name == x and not (", levels) + "$name == x" +
-                                repeated(") and $ext == .c", levels);
+    const std::string exclude =
+        repeated("$ext == .h or $name == x and not (", levels) + "$name == x" + repeated(") and $ext == .c", levels);
     const std::string prune = repeated("(", levels) + "$name == x" + repeated(") and $ext == .c", levels);
     const std::string include = repeated("not (", levels) + "$name == x" + repeated(")", levels);
     Script script;
@@ -167,8 +167,8 @@ TEST(SmallStack, OneLevelDeeperIsRejectedAndSaysSo) {
     const std::string text = deepestNesting(nestingLimit + 1).text;
     const Outcome outcome = runOnSmallStack(text, Precompute::no);
     EXPECT_FALSE(outcome.accepted);
-    EXPECT_EQ("Syntax error in quorel rules script (<anonymous script>) at line 1:\n" + text.substr(0, text.find('\n')) +
-                  "\n\nThe condition nests deeper than 50 levels.\n",
+    EXPECT_EQ("Syntax error in quorel rules script (<anonymous script>) at line 1:\n" +
+                  text.substr(0, text.find('\n')) + "\n\nThe condition nests deeper than 50 levels.\n",
               outcome.errors);
 }
 

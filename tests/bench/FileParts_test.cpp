@@ -9,38 +9,32 @@ using namespace qxqr::bench;
 
 namespace {
 
-std::string described(const char* file)
-{
+std::string described(const char* file) {
     FileParts parts = fileParts(file);
     return std::string(parts.dir) + "|" + std::string(parts.name) + "|" + std::string(parts.ext);
 }
 
 } // namespace
 
-TEST(FileParts, DirectoryNameAndExtension)
-{
+TEST(FileParts, DirectoryNameAndExtension) {
     EXPECT_EQ("/a/b|c.d|.e", described("/a/b/c.d.e"));
     EXPECT_EQ("|c|", described("c"));
     EXPECT_EQ("|c|.m", described("/c.m"));
 }
 
-TEST(FileParts, LeadingDotIsAName)
-{
+TEST(FileParts, LeadingDotIsAName) {
     EXPECT_EQ("|.profile|", described(".profile"));
 }
 
-TEST(FileParts, DotInADirectoryIsNoExtension)
-{
+TEST(FileParts, DotInADirectoryIsNoExtension) {
     EXPECT_EQ("a.b|c|", described("a.b/c"));
 }
 
-TEST(FileParts, DotRightAfterTheSlashIsAnExtension)
-{
+TEST(FileParts, DotRightAfterTheSlashIsAnExtension) {
     EXPECT_EQ("x||.hidden", described("x/.hidden"));
 }
 
-TEST(FileParts, VariablesNameTheParts)
-{
+TEST(FileParts, VariablesNameTheParts) {
     FileParts parts = fileParts("/p/q.c");
     EXPECT_EQ("/p/q.c", parts[FileVariable::file]);
     EXPECT_EQ("/p", parts[FileVariable::dir]);

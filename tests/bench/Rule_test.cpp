@@ -5,8 +5,7 @@
 
 using namespace qxqr::bench;
 
-TEST(Rule, ExcludeRuleJoinsItsTestsWithAnd)
-{
+TEST(Rule, ExcludeRuleJoinsItsTestsWithAnd) {
     Rule rule{RuleKind::exclude,
               {{FileVariable::dir, Comparison::equals, {"$cwd/src"}},
                {FileVariable::name, Comparison::equals, {"main"}, true}},
@@ -15,14 +14,12 @@ TEST(Rule, ExcludeRuleJoinsItsTestsWithAnd)
     EXPECT_EQ("exclude if $dir == $cwd/src and not $name == main", statementText(rule));
 }
 
-TEST(Rule, PrefixListIsBracketed)
-{
+TEST(Rule, PrefixListIsBracketed) {
     Rule rule{RuleKind::prune, {{FileVariable::file, Comparison::startsWith, {"$vantor/a/", "/usr/b/"}}}, {}, ""};
     EXPECT_EQ("prune if $file in [$vantor/a/, /usr/b/]", statementText(rule));
 }
 
-TEST(Rule, IncludeRuleListsItsPathsFirst)
-{
+TEST(Rule, IncludeRuleListsItsPathsFirst) {
     Rule rule{RuleKind::include,
               {{FileVariable::ext, Comparison::equals, {".c"}}},
               {"$dir/$name.h", "$cwd/include/$name.h"},
@@ -30,8 +27,7 @@ TEST(Rule, IncludeRuleListsItsPathsFirst)
     EXPECT_EQ("include [$dir/$name.h, $cwd/include/$name.h] if $ext == .c", statementText(rule));
 }
 
-TEST(Rule, ScriptPutsACommentBeforeEveryTenthRule)
-{
+TEST(Rule, ScriptPutsACommentBeforeEveryTenthRule) {
     Rule rule{RuleKind::exclude, {{FileVariable::ext, Comparison::equals, {".o"}}}, {}, ""};
     std::string expected = "% rules 1 and on\n";
     for (int line = 0; line < 10; ++line)

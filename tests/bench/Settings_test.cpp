@@ -5,8 +5,7 @@
 
 using namespace qxqr::bench;
 
-TEST(Settings, HostValuesAreFilledIn)
-{
+TEST(Settings, HostValuesAreFilledIn) {
     Settings settings;
     settings.vantorRoot = "/v";
     settings.cwd = "/w";
@@ -15,8 +14,7 @@ TEST(Settings, HostValuesAreFilledIn)
     EXPECT_EQ(".vrkilx.so/ia32lx", withHostValues("$vrk$lib/$arch", settings));
 }
 
-TEST(Settings, FileVariablesAndUnknownOnesStay)
-{
+TEST(Settings, FileVariablesAndUnknownOnesStay) {
     EXPECT_EQ("$dir/$name.vrkilx", withHostValues("$dir/$name$vrk", Settings()));
     EXPECT_EQ("$file$ext$unknown", withHostValues("$file$ext$unknown", Settings()));
 }

@@ -22,8 +22,7 @@ using Lines = std::vector<std::string>;
 // interpreter /lib64/ld.so, and the libraries a test puts in /usr/lib.
 class DependencyWalkTest : public testing::Test {
 protected:
-    void program(std::vector<std::string> needed)
-    {
+    void program(std::vector<std::string> needed) {
         ElfImage image = ElfImage::library(std::move(needed));
         image.type = ET_EXEC;
         image.interpreter = "/lib64/ld.so";
@@ -32,15 +31,13 @@ protected:
     }
 
     void library(const std::string& systemPath, std::vector<std::string> needed = {},
-                 std::optional<std::string> soname = std::nullopt)
-    {
+                 std::optional<std::string> soname = std::nullopt) {
         ElfImage image = ElfImage::library(std::move(needed));
         image.soname = std::move(soname);
         root.file(systemPath.substr(1), image.bytes());
     }
 
-    void rules(const std::string& script)
-    {
+    void rules(const std::string& script) {
         QuorelScript::Parser parser;
         ruleSet.reset(parser.parse(script.c_str()));
         ASSERT_TRUE(ruleSet);
@@ -49,16 +46,14 @@ protected:
 
     // Each report as a line: "LINK FILE FATE (CALLER)", paths inside the
     // root written from it, problems as "problem FILE: REASON".
-    Lines walk(const std::vector<std::string>& starts)
-    {
+    Lines walk(const std::vector<std::string>& starts) {
         ElfFiles files(root.path());
         LibrarySearch search({root.path(), "", {}}, files);
         DependencyWalk walker(ruleSet.get(), search, files);
         Lines lines;
         DependencyReport report{[&](const Dependency& met) {
-                                    std::string line = std::string(linkName(met.link)) + " " +
-                                                       inRoot(met.visit.file) + " " +
-                                                       (met.found ? fateName(met.visit.fate) : "not-found");
+                                    std::string line = std::string(linkName(met.link)) + " " + inRoot(met.visit.file) +
+                                                       " " + (met.found ? fateName(met.visit.fate) : "not-found");
                                     if (met.visit.caller)
                                         line += " (" + inRoot(*met.visit.caller) + ")";
                                     lines.push_back(line);
@@ -71,14 +66,12 @@ protected:
         return lines;
     }
 
-    std::string inRoot(const std::string& path) const
-    {
+    std::string inRoot(const std::string& path) const {
         const std::string prefix = root.path();
         return path.compare(0, prefix.size(), prefix) == 0 ? path.substr(prefix.size()) : path;
     }
 
-    static const char* linkName(Link link)
-    {
+    static const char* linkName(Link link) {
         const char* names[] = {"start", "interpreter", "needed", "included"};
         return names[static_cast<int>(link)];
     }
@@ -89,8 +82,7 @@ protected:
     std::unique_ptr<QuorelScript::Rules> ruleSet;
 };
 
-TEST_F(DependencyWalkTest, MeetsTheClosureBreadthFirstEachFileOnce)
-{
+TEST_F(DependencyWalkTest, MeetsTheClosureBreadthFirstEachFileOnce) {
     program({"liba.so.1", "libb.so.1"});
     library("/usr/lib/liba.so.1", {"libb.so.1", "libc.so.1", "ld.so"});
     library("/usr/lib/libb.so.1", {"liba.so.1", "libgone.so.1"});
@@ -105,25 +97,22 @@ TEST_F(DependencyWalkTest, MeetsTheClosureBreadthFirstEachFileOnce)
                                      }));
 }
 
-TEST_F(DependencyWalkTest, ASonameAnswersANeedOfThatName)
-{
+TEST_F(DependencyWalkTest, ASonameAnswersANeedOfThatName) {
     program({"libone.so", "libtwo.so"});
     library("/usr/lib/libone.so", {}, "libshared.so.1");
     library("/usr/lib/libtwo.so", {"libshared.so.1"});
     library("/usr/lib/libshared.so.1");
-    EXPECT_EQ(walk({"app/bin/app"}).size(), 4u);  // the program, the interpreter, libone, libtwo
+    EXPECT_EQ(walk({"app/bin/app"}).size(), 4u); // the program, the interpreter, libone, libtwo
 }
 
-TEST_F(DependencyWalkTest, AFileReachedByTwoNamesIsLoadedOnce)
-{
+TEST_F(DependencyWalkTest, AFileReachedByTwoNamesIsLoadedOnce) {
     program({"libreal.so.1", "liblink.so.1"});
     library("/usr/lib/libreal.so.1");
     std::filesystem::create_symlink("libreal.so.1", root.path("usr/lib/liblink.so.1"));
     EXPECT_EQ(walk({"app/bin/app"}).size(), 3u);
 }
 
-TEST_F(DependencyWalkTest, TheRulesExcludePruneAndInclude)
-{
+TEST_F(DependencyWalkTest, TheRulesExcludePruneAndInclude) {
     program({"libexcluded.so.1", "libpruned.so.1", "libkept.so.1"});
     library("/usr/lib/libexcluded.so.1", {"libbehind.so.1"});
     library("/usr/lib/libpruned.so.1", {"libbehind.so.1"});
@@ -135,23 +124,21 @@ TEST_F(DependencyWalkTest, TheRulesExcludePruneAndInclude)
     rules("exclude if $name == libexcluded.so\n"
           "prune if $name == libpruned.so\n"
           "include $vantor/app/plugins if $dir == $vantor/app/bin\n");
-    EXPECT_EQ(walk({"app/bin/app"}),
-              (Lines{
-                  "start /app/bin/app kept",
-                  "interpreter /lib64/ld.so kept (/app/bin/app)",
-                  "needed /usr/lib/libexcluded.so.1 excluded (/app/bin/app)",
-                  "needed /usr/lib/libpruned.so.1 pruned (/app/bin/app)",
-                  "needed /usr/lib/libkept.so.1 kept (/app/bin/app)",
-                  "included /app/plugins/libplugin.so kept (/app/bin/app)",
-                  "included /app/plugins/readme.txt kept (/app/bin/app)",
-                  "needed /usr/lib/libplugindep.so.1 kept (/app/plugins/libplugin.so)",
-              }));
+    EXPECT_EQ(walk({"app/bin/app"}), (Lines{
+                                         "start /app/bin/app kept",
+                                         "interpreter /lib64/ld.so kept (/app/bin/app)",
+                                         "needed /usr/lib/libexcluded.so.1 excluded (/app/bin/app)",
+                                         "needed /usr/lib/libpruned.so.1 pruned (/app/bin/app)",
+                                         "needed /usr/lib/libkept.so.1 kept (/app/bin/app)",
+                                         "included /app/plugins/libplugin.so kept (/app/bin/app)",
+                                         "included /app/plugins/readme.txt kept (/app/bin/app)",
+                                         "needed /usr/lib/libplugindep.so.1 kept (/app/plugins/libplugin.so)",
+                                     }));
 }
 
 // A rule on $caller decides per caller; what any caller keeps is kept, and
 // followed from the caller that keeps it.
-TEST_F(DependencyWalkTest, TheFateThatKeepsTheMostOverTheCallersWins)
-{
+TEST_F(DependencyWalkTest, TheFateThatKeepsTheMostOverTheCallersWins) {
     program({"libx.so.1", "liba.so.1", "libk.so.1"});
     library("/usr/lib/libx.so.1", {"libbehind.so.1"});
     library("/usr/lib/liba.so.1", {"libx.so.1", "libk.so.1", "libp.so.1"});
@@ -174,8 +161,7 @@ TEST_F(DependencyWalkTest, TheFateThatKeepsTheMostOverTheCallersWins)
                                      }));
 }
 
-TEST_F(DependencyWalkTest, AnExcludedOrPrunedStartFileIsNotFollowed)
-{
+TEST_F(DependencyWalkTest, AnExcludedOrPrunedStartFileIsNotFollowed) {
     program({"liba.so.1"});
     library("/usr/lib/liba.so.1");
     rules("prune if $name == app\n");
@@ -184,15 +170,13 @@ TEST_F(DependencyWalkTest, AnExcludedOrPrunedStartFileIsNotFollowed)
     EXPECT_EQ(walk({"app/bin/app"}), (Lines{"start /app/bin/app excluded"}));
 }
 
-TEST_F(DependencyWalkTest, EachStartFileIsAProcessOfItsOwn)
-{
+TEST_F(DependencyWalkTest, EachStartFileIsAProcessOfItsOwn) {
     program({"liba.so.1"});
     library("/usr/lib/liba.so.1");
     EXPECT_EQ(walk({"app/bin/app", "app/bin/app"}).size(), 6u);
 }
 
-TEST_F(DependencyWalkTest, AStartFileThatCannotBeWalkedIsAProblemAndTheWalkGoesOn)
-{
+TEST_F(DependencyWalkTest, AStartFileThatCannotBeWalkedIsAProblemAndTheWalkGoesOn) {
     program({});
     root.file("notes.txt", "hello\n");
     std::filesystem::create_symlink("loop", root.path("loop"));
@@ -206,8 +190,7 @@ TEST_F(DependencyWalkTest, AStartFileThatCannotBeWalkedIsAProblemAndTheWalkGoesO
               }));
 }
 
-TEST_F(DependencyWalkTest, AMalformedLibraryIsAProblemNamingIt)
-{
+TEST_F(DependencyWalkTest, AMalformedLibraryIsAProblemNamingIt) {
     program({"libbad.so.1", "libgood.so.1"});
     std::string bad = ElfImage::library({"libc.so.6"}).bytes();
     root.file("usr/lib/libbad.so.1", bad.substr(0, 40));
@@ -222,8 +205,7 @@ TEST_F(DependencyWalkTest, AMalformedLibraryIsAProblemNamingIt)
 
 // Every object that needs the name of a file that cannot be used meets that
 // file again, in one process and in the next; it is told once.
-TEST_F(DependencyWalkTest, AFileThatCannotBeUsedIsToldOnceHoweverManyNeedIt)
-{
+TEST_F(DependencyWalkTest, AFileThatCannotBeUsedIsToldOnceHoweverManyNeedIt) {
     program({"libbad.so.1", "liba.so.1"});
     root.file("usr/lib/libbad.so.1", "INPUT(-lbad)\n");
     library("/usr/lib/liba.so.1", {"libbad.so.1"});

@@ -12,8 +12,7 @@ const std::uint64_t loadAddress = 0x400000;
 struct StringTable {
     std::string bytes = std::string(1, '\0');
 
-    std::uint64_t add(const std::string& text)
-    {
+    std::uint64_t add(const std::string& text) {
         std::uint64_t offset = bytes.size();
         bytes += text;
         bytes += '\0';
@@ -23,20 +22,24 @@ struct StringTable {
 
 } // namespace
 
-ElfImage ElfImage::library(std::vector<std::string> needed)
-{
-    ElfImage image{{ELFCLASS64, ELFDATA2LSB, EM_X86_64}, ET_DYN, std::nullopt, std::move(needed), std::nullopt,
-                   std::nullopt, std::nullopt, false, {}};
+ElfImage ElfImage::library(std::vector<std::string> needed) {
+    ElfImage image{{ELFCLASS64, ELFDATA2LSB, EM_X86_64},
+                   ET_DYN,
+                   std::nullopt,
+                   std::move(needed),
+                   std::nullopt,
+                   std::nullopt,
+                   std::nullopt,
+                   false,
+                   {}};
     return image;
 }
 
-std::size_t ElfImage::wordSize() const
-{
+std::size_t ElfImage::wordSize() const {
     return kind.elfClass == ELFCLASS64 ? 8 : 4;
 }
 
-void ElfImage::put(std::string& image, std::size_t offset, std::uint64_t value, std::size_t width) const
-{
+void ElfImage::put(std::string& image, std::size_t offset, std::uint64_t value, std::size_t width) const {
     for (std::size_t index = 0; index < width; ++index) {
         std::size_t shift = kind.byteOrder == ELFDATA2MSB ? width - 1 - index : index;
         image[offset + index] = static_cast<char>((value >> (8 * shift)) & 0xFF);
@@ -50,8 +53,7 @@ struct DynamicEntries {
     StringTable strings;
 };
 
-DynamicEntries dynamicOf(const ElfImage& image)
-{
+DynamicEntries dynamicOf(const ElfImage& image) {
     DynamicEntries result;
     for (const std::string& name : image.needed)
         result.entries.push_back({DT_NEEDED, result.strings.add(name)});
@@ -68,8 +70,7 @@ DynamicEntries dynamicOf(const ElfImage& image)
 
 } // namespace
 
-ElfImage::Layout ElfImage::layout() const
-{
+ElfImage::Layout ElfImage::layout() const {
     const std::size_t word = wordSize();
     const std::size_t headerSize = word == 8 ? 64 : 52;
     const std::size_t programHeaderSize = word == 8 ? 56 : 32;
@@ -87,14 +88,15 @@ ElfImage::Layout ElfImage::layout() const
     return layout;
 }
 
-std::string ElfImage::bytes() const
-{
+std::string ElfImage::bytes() const {
     const std::size_t word = wordSize();
     const Layout parts = layout();
     DynamicEntries dynamic = dynamicOf(*this);
     std::string image(parts.size, '\0');
 
-    image.replace(0, 4, "\x7f" "ELF");
+    image.replace(0, 4,
+                  "\x7f"
+                  "ELF");
     image[EI_CLASS] = static_cast<char>(kind.elfClass);
     image[EI_DATA] = static_cast<char>(kind.byteOrder);
     image[EI_VERSION] = EV_CURRENT;
@@ -103,14 +105,13 @@ std::string ElfImage::bytes() const
     put(image, 20, EV_CURRENT, 4);
     const std::size_t programHeaderSize = word == 8 ? 56 : 32;
     const std::size_t count = interpreter ? 3 : 2;
-    put(image, word == 8 ? 32 : 28, parts.programHeaders, word);               // e_phoff
-    put(image, word == 8 ? 52 : 40, word == 8 ? 64 : 52, 2);                   // e_ehsize
-    put(image, word == 8 ? 54 : 42, programHeaderSize, 2);                     // e_phentsize
-    put(image, word == 8 ? 56 : 44, count, 2);                                 // e_phnum
+    put(image, word == 8 ? 32 : 28, parts.programHeaders, word); // e_phoff
+    put(image, word == 8 ? 52 : 40, word == 8 ? 64 : 52, 2);     // e_ehsize
+    put(image, word == 8 ? 54 : 42, programHeaderSize, 2);       // e_phentsize
+    put(image, word == 8 ? 56 : 44, count, 2);                   // e_phnum
 
     // p_type, then offset, address and file size at their places per class.
-    auto programHeader = [&](std::size_t index, std::uint32_t kindOfSegment, std::uint64_t offset,
-                             std::uint64_t size) {
+    auto programHeader = [&](std::size_t index, std::uint32_t kindOfSegment, std::uint64_t offset, std::uint64_t size) {
         std::size_t at = parts.programHeaders + index * programHeaderSize;
         put(image, at, kindOfSegment, 4);
         if (word == 8) {
@@ -143,7 +144,7 @@ std::string ElfImage::bytes() const
         put(image, at + word, value, word);
         at += 2 * word;
     }
-    return image;  // DT_NULL: the zeros that remain
+    return image; // DT_NULL: the zeros that remain
 }
 
 } // namespace qxqr::test

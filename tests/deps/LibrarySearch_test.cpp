@@ -19,8 +19,7 @@ using test::ElfImage;
 // wants them, searched as the loader would search it.
 class LibrarySearchTest : public testing::Test {
 protected:
-    void put(const std::string& systemPath, const ElfImage& image = ElfImage::library())
-    {
+    void put(const std::string& systemPath, const ElfImage& image = ElfImage::library()) {
         root.file(systemPath.substr(1), image.bytes());
     }
 
@@ -28,9 +27,8 @@ protected:
 
     // What the search finds for `name` needed by `requester`; "not found", or
     // "failed: PATH: PROBLEM".
-    std::string find(const std::string& name, const LoadedObject& requester)
-    {
-        ElfFiles files(root.path());  // fresh, so that a file removed is seen gone
+    std::string find(const std::string& name, const LoadedObject& requester) {
+        ElfFiles files(root.path()); // fresh, so that a file removed is seen gone
         LibrarySearch search({root.path(), libraryPath, configured}, files);
         Resolution resolution = search.find(name, requester, ElfImage::library().kind);
         switch (resolution.outcome) {
@@ -44,13 +42,11 @@ protected:
         return "not found";
     }
 
-    static LoadedObject loaded(const std::string& path, const ElfObject& object, const LoadedObject* loader = nullptr)
-    {
+    static LoadedObject loaded(const std::string& path, const ElfObject& object, const LoadedObject* loader = nullptr) {
         return {path, &object, {originOf(path), "lib/x86_64-linux-gnu", "x86_64"}, loader};
     }
 
-    static ElfObject objectWith(std::optional<std::string> rpath, std::optional<std::string> runpath)
-    {
+    static ElfObject objectWith(std::optional<std::string> rpath, std::optional<std::string> runpath) {
         ElfImage image = ElfImage::library();
         image.rpath = std::move(rpath);
         image.runpath = std::move(runpath);
@@ -61,8 +57,7 @@ protected:
     // Finds `name` once for each directory of `order`, removing the copy
     // found each time, so that every step shows the next place in the order.
     void expectSearchOrder(const std::string& name, const LoadedObject& requester,
-                           const std::vector<std::string>& order)
-    {
+                           const std::vector<std::string>& order) {
         for (const std::string& directory : order)
             put(directory + "/" + name);
         for (const std::string& directory : order) {
@@ -77,19 +72,17 @@ protected:
     std::vector<std::string> configured;
 };
 
-TEST_F(LibrarySearchTest, AnObjectWithDtRpathSearchesItFirst)
-{
+TEST_F(LibrarySearchTest, AnObjectWithDtRpathSearchesItFirst) {
     libraryPath = "/env";
     configured = {"/conf"};
     ElfObject object = objectWith("/rpath", std::nullopt);
     LoadedObject requester = loaded("/app/bin/app", object);
-    const std::vector<std::string> order = {"/rpath", "/env", "/conf", "/lib/x86_64-linux-gnu",
-                                            "/usr/lib/x86_64-linux-gnu", "/lib", "/usr/lib"};
+    const std::vector<std::string> order = {
+        "/rpath", "/env", "/conf", "/lib/x86_64-linux-gnu", "/usr/lib/x86_64-linux-gnu", "/lib", "/usr/lib"};
     expectSearchOrder("libx.so.1", requester, order);
 }
 
-TEST_F(LibrarySearchTest, AnObjectWithDtRunpathIgnoresItsDtRpathAndSearchesAfterTheLibraryPath)
-{
+TEST_F(LibrarySearchTest, AnObjectWithDtRunpathIgnoresItsDtRpathAndSearchesAfterTheLibraryPath) {
     libraryPath = "/env";
     configured = {"/conf"};
     put("/rpath/libx.so.1");
@@ -99,8 +92,7 @@ TEST_F(LibrarySearchTest, AnObjectWithDtRunpathIgnoresItsDtRpathAndSearchesAfter
     expectSearchOrder("libx.so.1", requester, order);
 }
 
-TEST_F(LibrarySearchTest, DtRpathIsInheritedFromTheLoadersButDtRunpathIsNot)
-{
+TEST_F(LibrarySearchTest, DtRpathIsInheritedFromTheLoadersButDtRunpathIsNot) {
     put("/program-rpath/libx.so.1");
     put("/program-runpath/liby.so.1");
     ElfObject programObject = objectWith("/program-rpath", std::nullopt);
@@ -119,8 +111,7 @@ TEST_F(LibrarySearchTest, DtRpathIsInheritedFromTheLoadersButDtRunpathIsNot)
     EXPECT_EQ(find("liby.so.1", underIt), "not found");
 }
 
-TEST_F(LibrarySearchTest, ALoaderWithBothPathsLendsNeither)
-{
+TEST_F(LibrarySearchTest, ALoaderWithBothPathsLendsNeither) {
     put("/both-rpath/libx.so.1");
     ElfObject both = objectWith("/both-rpath", "/both-runpath");
     LoadedObject program = loaded("/app/app", both);
@@ -128,8 +119,7 @@ TEST_F(LibrarySearchTest, ALoaderWithBothPathsLendsNeither)
     EXPECT_EQ(find("libx.so.1", loaded("/app/lib.so", plain, &program)), "not found");
 }
 
-TEST_F(LibrarySearchTest, TokensComeFromTheObjectThatHoldsThePath)
-{
+TEST_F(LibrarySearchTest, TokensComeFromTheObjectThatHoldsThePath) {
     put("/app/lib/libx.so.1");
     put("/app/bin/env/liby.so.1");
     ElfObject programObject = objectWith("$ORIGIN/../lib", std::nullopt);
@@ -141,8 +131,7 @@ TEST_F(LibrarySearchTest, TokensComeFromTheObjectThatHoldsThePath)
     EXPECT_EQ(find("liby.so.1", library), "/app/bin/env/liby.so.1");
 }
 
-TEST_F(LibrarySearchTest, DfNodeflibSkipsTheConfigurationAndTheDefaults)
-{
+TEST_F(LibrarySearchTest, DfNodeflibSkipsTheConfigurationAndTheDefaults) {
     configured = {"/conf"};
     put("/conf/libx.so.1");
     put("/usr/lib/libx.so.1");
@@ -153,8 +142,7 @@ TEST_F(LibrarySearchTest, DfNodeflibSkipsTheConfigurationAndTheDefaults)
     EXPECT_EQ(find("libx.so.1", loaded("/app/app", object)), "not found");
 }
 
-TEST_F(LibrarySearchTest, ALibraryOfAnotherClassOrMachineIsPassedOver)
-{
+TEST_F(LibrarySearchTest, ALibraryOfAnotherClassOrMachineIsPassedOver) {
     ElfImage wrongClass = ElfImage::library();
     wrongClass.kind = {ELFCLASS32, ELFDATA2LSB, EM_386};
     ElfImage wrongMachine = ElfImage::library();
@@ -166,8 +154,7 @@ TEST_F(LibrarySearchTest, ALibraryOfAnotherClassOrMachineIsPassedOver)
     EXPECT_EQ(find("libx.so.1", loaded("/app/app", object)), "/third/libx.so.1");
 }
 
-TEST_F(LibrarySearchTest, ALibraryOfTheOtherByteOrderStopsTheSearch)
-{
+TEST_F(LibrarySearchTest, ALibraryOfTheOtherByteOrderStopsTheSearch) {
     ElfImage bigEndian = ElfImage::library();
     bigEndian.kind.byteOrder = ELFDATA2MSB;
     put("/first/libx.so.1", bigEndian);
@@ -180,8 +167,7 @@ TEST_F(LibrarySearchTest, ALibraryOfTheOtherByteOrderStopsTheSearch)
 // The loader checks the machine before the type: a relocatable object of
 // another machine is passed over, one of the program's machine is the
 // loader's to load, and only a shared object can be loaded.
-TEST_F(LibrarySearchTest, AnElfFileOfTheRightKindThatIsNoSharedObjectStopsTheSearch)
-{
+TEST_F(LibrarySearchTest, AnElfFileOfTheRightKindThatIsNoSharedObjectStopsTheSearch) {
     ElfImage otherMachine = ElfImage::library();
     otherMachine.kind.machine = EM_AARCH64;
     otherMachine.type = ET_REL;
@@ -199,16 +185,14 @@ TEST_F(LibrarySearchTest, AnElfFileOfTheRightKindThatIsNoSharedObjectStopsTheSea
     }
 }
 
-TEST_F(LibrarySearchTest, AFileThatIsNoElfFileStopsTheSearch)
-{
+TEST_F(LibrarySearchTest, AFileThatIsNoElfFileStopsTheSearch) {
     root.file("first/libx.so.1", "INPUT(-lx)\n");
     put("/second/libx.so.1");
     ElfObject object = objectWith("/first:/second", std::nullopt);
     EXPECT_EQ(find("libx.so.1", loaded("/app/app", object)), "failed: /first/libx.so.1: not an ELF file");
 }
 
-TEST_F(LibrarySearchTest, ANameWithASlashIsNotSearched)
-{
+TEST_F(LibrarySearchTest, ANameWithASlashIsNotSearched) {
     put("/app/bin/plugins/libp.so");
     put("/usr/lib/libp.so");
     ElfObject object = objectWith(std::nullopt, std::nullopt);
@@ -222,8 +206,7 @@ TEST_F(LibrarySearchTest, ANameWithASlashIsNotSearched)
     EXPECT_EQ(find("/app/old.so", program), "failed: /app/old.so: an ELF file of another class or machine");
 }
 
-TEST_F(LibrarySearchTest, PathsAreMovedInAndOutOfTheSysroot)
-{
+TEST_F(LibrarySearchTest, PathsAreMovedInAndOutOfTheSysroot) {
     ElfFiles files;
     LibrarySearch search({"/sys/root", "", {}}, files);
     EXPECT_EQ(search.hostPath("/usr/lib/libx.so"), "/sys/root/usr/lib/libx.so");

@@ -10,8 +10,7 @@ namespace {
 
 using Directories = std::vector<std::string>;
 
-TEST(LoaderConfiguration, ReadsDirectoriesAndIncludesInOrder)
-{
+TEST(LoaderConfiguration, ReadsDirectoriesAndIncludesInOrder) {
     TempTree root;
     root.file("etc/ld.so.conf", "# the system's own\n/usr/local/lib\ninclude /etc/ld.so.conf.d/*.conf\n/opt/last\n");
     root.file("etc/ld.so.conf.d/b.conf", "/opt/b   # a comment\n");
@@ -21,24 +20,21 @@ TEST(LoaderConfiguration, ReadsDirectoriesAndIncludesInOrder)
               (Directories{"/usr/local/lib", "/opt/a", "/opt/typed", "/opt/b", "/opt/last"}));
 }
 
-TEST(LoaderConfiguration, ARelativeIncludeIsTakenFromTheIncludingFile)
-{
+TEST(LoaderConfiguration, ARelativeIncludeIsTakenFromTheIncludingFile) {
     TempTree root;
     root.file("etc/ld.so.conf", "include more/*.conf\n");
     root.file("etc/more/x.conf", "/opt/x\n");
     EXPECT_EQ(configuredDirectories(root.path()), (Directories{"/opt/x"}));
 }
 
-TEST(LoaderConfiguration, ADirectoryOrAFileCountsOnce)
-{
+TEST(LoaderConfiguration, ADirectoryOrAFileCountsOnce) {
     TempTree root;
     root.file("etc/ld.so.conf", "/opt/x\ninclude /etc/ld.so.conf\n/opt/x/\ninclude /etc/again.conf\n");
     root.file("etc/again.conf", "include /etc/ld.so.conf\n/opt/y\n");
     EXPECT_EQ(configuredDirectories(root.path()), (Directories{"/opt/x", "/opt/y"}));
 }
 
-TEST(LoaderConfiguration, NoConfigurationAddsNothing)
-{
+TEST(LoaderConfiguration, NoConfigurationAddsNothing) {
     TempTree root;
     EXPECT_TRUE(configuredDirectories(root.path()).empty());
 }

@@ -23,8 +23,7 @@ struct Probe {
 template <class T>
 class FakeExpression : public QuorelScript::Expression<T> {
 public:
-    FakeExpression(Probe& probe, const std::string& name, const T& value)
-        : probe_(probe), name_(name), value_(value) {
+    FakeExpression(Probe& probe, const std::string& name, const T& value) : probe_(probe), name_(name), value_(value) {
         ++probe_.alive;
     }
     FakeExpression(const FakeExpression& other)

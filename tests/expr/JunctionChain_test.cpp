@@ -131,22 +131,23 @@ TEST(JunctionChain, AFailedCloneDeletesWhatWasCopied) {
 
 TEST(JunctionChain, AsksForVariablesUpToTheFirstOperandThatHasSome) {
     Probe probe;
-    OrExpression tree(fakeCondition(probe, "a", true),
-                      new AndExpression(fakeCondition(probe, "b", true)->withVariables(), fakeCondition(probe, "c", true)));
+    OrExpression tree(
+        fakeCondition(probe, "a", true),
+        new AndExpression(fakeCondition(probe, "b", true)->withVariables(), fakeCondition(probe, "c", true)));
     EXPECT_TRUE(tree.hasVariables());
     EXPECT_EQ((Calls{"hasVariables a", "hasVariables b"}), probe.calls);
 
     probe.calls.clear();
-    AndExpression none(fakeCondition(probe, "d", true), new OrExpression(fakeCondition(probe, "e", true),
-                                                                         fakeCondition(probe, "f", true)));
+    AndExpression none(fakeCondition(probe, "d", true),
+                       new OrExpression(fakeCondition(probe, "e", true), fakeCondition(probe, "f", true)));
     EXPECT_FALSE(none.hasVariables());
     EXPECT_EQ((Calls{"hasVariables d", "hasVariables e", "hasVariables f"}), probe.calls);
 }
 
 TEST(JunctionChain, SubstitutesEveryOperandInOrder) {
     Probe probe;
-    AndExpression tree(fakeCondition(probe, "a", true), new OrExpression(fakeCondition(probe, "b", true),
-                                                                         fakeCondition(probe, "c", true)));
+    AndExpression tree(fakeCondition(probe, "a", true),
+                       new OrExpression(fakeCondition(probe, "b", true), fakeCondition(probe, "c", true)));
     tree.substituteVariables(bindings({{"x", "/y"}}));
     EXPECT_EQ((Calls{"substitute a", "substitute b", "substitute c"}), probe.calls);
 }

@@ -18,14 +18,14 @@ using namespace QuorelScript;
 
 namespace {
 
-const char printedTree[] =
-    "or([not(and(exists(/nonexistent/$x),in($file,[/a,$d]))),or(equals($file,/a/b),false)])";
+const char printedTree[] = "or([not(and(exists(/nonexistent/$x),in($file,[/a,$d]))),or(equals($file,/a/b),false)])";
 
 Expression<bool>* makeTree() {
     std::unique_ptr<MultiAndExpression> tree(new MultiAndExpression);
-    tree->append(new NotExpression<bool>(new AndExpression(new ExistsExpression(literal("/nonexistent/$x")),
-                                                           new InExpression(literal("$file"), literals({"/a", "$d"})))));
-    tree->append(new OrExpression(new EqualsExpression<Path>(literal("$file"), literal("/a/b")), new BooleanLiteral(false)));
+    tree->append(new NotExpression<bool>(new AndExpression(
+        new ExistsExpression(literal("/nonexistent/$x")), new InExpression(literal("$file"), literals({"/a", "$d"})))));
+    tree->append(
+        new OrExpression(new EqualsExpression<Path>(literal("$file"), literal("/a/b")), new BooleanLiteral(false)));
     return tree.release();
 }
 

@@ -67,8 +67,7 @@ TEST(kfWellFormedPathNormalizer, WhiteSpaceIsExactlySpaceTabVerticalTabBackspace
     for (char space : std::string(" \t\v\b\n\r\f"))
         EXPECT_EQ("x", normalized(std::string(1, space) + "x" + space)) << int(space);
     for (char other : std::string("\a\x1b\x7f\x1f"))
-        EXPECT_EQ(std::string(1, other) + "x" + other, normalized(std::string(1, other) + "x" + other))
-            << int(other);
+        EXPECT_EQ(std::string(1, other) + "x" + other, normalized(std::string(1, other) + "x" + other)) << int(other);
 }
 
 TEST(kfWellFormedPathNormalizer, NulInTheMiddleCutsTheTextOnlyWhenSlashesWereCollapsed) {

@@ -91,7 +91,8 @@ TEST(FileReader, CarriageReturnsAreKept) {
     reader.getParser().setErrorSink(&errors);
     EXPECT_EQ(nullptr, reader.read(file.c_str()));
     EXPECT_EQ(syntaxErrorMessage(file, 2, "bad"), errors.str());
-    std::unique_ptr<Rules> rules(reader.read(tree.file("good.qr", "exclude if true\r\n\r\nprune if false\r\n").c_str()));
+    std::unique_ptr<Rules> rules(
+        reader.read(tree.file("good.qr", "exclude if true\r\n\r\nprune if false\r\n").c_str()));
     ASSERT_NE(nullptr, rules);
     EXPECT_EQ("\texclude if exists(a)\n\texclude if true\n\n\tprune if false\n\n", printed(*rules));
 }

@@ -22,9 +22,8 @@ using QuorelScript::Rules;
 namespace {
 
 std::unique_ptr<ParsedRules> emptyRuleSet() {
-    return std::unique_ptr<ParsedRules>(new ParsedRules(new QuorelScript::ExcludeRuleList,
-                                                        new QuorelScript::PruneRuleList,
-                                                        new QuorelScript::IncludeRuleList));
+    return std::unique_ptr<ParsedRules>(new ParsedRules(
+        new QuorelScript::ExcludeRuleList, new QuorelScript::PruneRuleList, new QuorelScript::IncludeRuleList));
 }
 
 // "prune if" and `levels` nested pairs of parentheses around a condition.

@@ -20,8 +20,8 @@
 
 #include <fcntl.h>
 #include <grp.h>
-#include <sys/wait.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using QuorelScript::FileReader;

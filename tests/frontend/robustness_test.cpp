@@ -105,10 +105,10 @@ TEST(Robustness, RandomBytesOfEveryValue) {
 }
 
 TEST(Robustness, RandomWords) {
-    const std::vector<std::string> words = {
-        "exclude", "include", "prune", "if",   "unless", "not",    "in", "not in", "and", "or",  "exists",
-        "==",      "!=",      "true",  "false", "a",     "$x",     "\"q r\"", "[",  "]",   ",",   "(",
-        ")",       " ",       " ",     "\t",    "\n",    "\r\n",   "...", "%",    "..."};
+    const std::vector<std::string> words = {"exclude", "include", "prune",  "if",   "unless", "not",  "in",    "not in",
+                                            "and",     "or",      "exists", "==",   "!=",     "true", "false", "a",
+                                            "$x",      "\"q r\"", "[",      "]",    ",",      "(",    ")",     " ",
+                                            " ",       "\t",      "\n",     "\r\n", "...",    "%",    "..."};
     std::mt19937 random(77);
     std::uniform_int_distribution<std::size_t> pick(0, words.size() - 1);
     std::uniform_int_distribution<std::size_t> length(0, 24);

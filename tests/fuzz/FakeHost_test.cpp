@@ -50,9 +50,9 @@ TEST(FakeHost, TrailingSlashesNameTheSameEntry) {
 
 TEST(FakeHost, ListsADirectoryInByteOrder) {
     EXPECT_EQ((Reports{"dir /tmp", "dir /vantor", "dir /work"}), find("/", 1));
-    EXPECT_EQ((Reports{"file /work/.hidden", "dir /work/include", "dir /work/notes", "dir /work/plugins",
-                       "dir /work/src"}),
-              find("/work/", 1));
+    EXPECT_EQ(
+        (Reports{"file /work/.hidden", "dir /work/include", "dir /work/notes", "dir /work/plugins", "dir /work/src"}),
+        find("/work/", 1));
     EXPECT_EQ((Reports{"file a/b.c"}), find("a", 1));
 }
 

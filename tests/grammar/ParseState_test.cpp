@@ -9,8 +9,8 @@
 #include <memory>
 
 using QuorelScript::BooleanLiteral;
-using QuorelScript::Expression;
 using QuorelScript::ExcludeRule;
+using QuorelScript::Expression;
 using QuorelScript::ParseState;
 using QuorelScript::Path;
 using QuorelScript::PathLiteral;

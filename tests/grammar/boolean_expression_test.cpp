@@ -80,8 +80,7 @@ std::string nestedIn(int levels, const std::string& condition) {
 TEST(BooleanExpression, ParenthesesNestUpToTheLimit) {
     const int limit = QuorelScript::ParserImpl::nestingLimit;
     EXPECT_EQ(excluding("exists(a)"), excludeIf(nestedIn(limit, "a exists")));
-    EXPECT_EQ(excluding("not(and(exists(a),exists(b)))"),
-              excludeIf("not " + nestedIn(limit, "a exists and b exists")));
+    EXPECT_EQ(excluding("not(and(exists(a),exists(b)))"), excludeIf("not " + nestedIn(limit, "a exists and b exists")));
     EXPECT_EQ(syntaxError, excludeIf(nestedIn(limit + 1, "a exists")));
 }
 

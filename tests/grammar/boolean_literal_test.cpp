@@ -25,7 +25,8 @@ TEST(BooleanLiteral, ExistsMayEndTheText) {
 }
 
 TEST(BooleanLiteral, OtherKeywordsEndingTheTextAreRejected) {
-    for (const char* script : {"exclude if a in", "exclude if a not in", "exclude if not", "exclude if", "exclude unless"})
+    for (const char* script :
+         {"exclude if a in", "exclude if a not in", "exclude if not", "exclude if", "exclude unless"})
         EXPECT_EQ(syntaxError, printed(script)) << script;
 }
 

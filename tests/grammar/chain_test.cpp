@@ -97,7 +97,8 @@ TEST(Chain, AFailedParenthesisedOperandLeavesItsConditionOnTop) {
 
 TEST(Chain, ContinuationsInsideAChainCountTheirLines) {
     ParserImpl impl;
-    ASSERT_TRUE(matchAll(impl, "exclude if a exists and ...\n b exists or ...% c ...%\n\n c exists\nprune if d exists\n"));
+    ASSERT_TRUE(
+        matchAll(impl, "exclude if a exists and ...\n b exists or ...% c ...%\n\n c exists\nprune if d exists\n"));
     EXPECT_EQ(6, impl.lineCount());
     EXPECT_EQ(Texts{"or(and(exists(a),exists(b)),exists(c))"}, conditions<ExcludeRule>(impl));
     EXPECT_EQ(Texts{"<anonymous script>, line 4: \nexclude if a exists and ...\n b exists or ...% c ...%\n\n c exists"},

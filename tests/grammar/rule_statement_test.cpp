@@ -16,7 +16,8 @@ TEST(RuleStatement, ExcludeUnlessNegatesTheCondition) {
 }
 
 TEST(RuleStatement, PruneIfAndUnless) {
-    EXPECT_EQ("\tprune if exists(a)\n\tprune if not(exists(b))\n\n", printed("prune if a exists\nprune unless b exists\n"));
+    EXPECT_EQ("\tprune if exists(a)\n\tprune if not(exists(b))\n\n",
+              printed("prune if a exists\nprune unless b exists\n"));
 }
 
 TEST(RuleStatement, IncludeIfAndUnless) {

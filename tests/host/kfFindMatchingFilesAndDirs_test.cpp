@@ -53,9 +53,9 @@ protected:
 };
 
 TEST_F(kfFindMatchingFilesAndDirsTest, ListsADirectoryInByteOrder) {
-    EXPECT_EQ((Reports{"file /.hidden", "file /a.c", "file /b.txt", "file /br[1]", "dir /sub", "dir /sub2",
-                       "dir /zdir"}),
-              find("", 1));
+    EXPECT_EQ(
+        (Reports{"file /.hidden", "file /a.c", "file /b.txt", "file /br[1]", "dir /sub", "dir /sub2", "dir /zdir"}),
+        find("", 1));
 }
 
 TEST_F(kfFindMatchingFilesAndDirsTest, ListingDoesNotDoubleATrailingSlash) {

@@ -70,8 +70,8 @@ protected:
 
     std::vector<std::string> find(const std::string& pattern, int wholeDirectory) {
         std::vector<std::string> reports;
-        kfFindMatchingFilesAndDirs(pattern.c_str(), Recorder(reports, "file"), Recorder(reports, "dir"),
-                                   wholeDirectory, false);
+        kfFindMatchingFilesAndDirs(pattern.c_str(), Recorder(reports, "file"), Recorder(reports, "dir"), wholeDirectory,
+                                   false);
         return reports;
     }
 

@@ -23,8 +23,8 @@ Condition viewOf(Expression<bool>* built) {
 // The condition written back from its view, in the printed form's manner,
 // so that a whole tree is compared at once.
 std::string shown(const Condition& view, std::size_t index = 0) {
-    static const char* const names[] = {"and", "or", "not", "all", "any", "equals", "in", "exists",
-                                        "true", "false", "path", "other"};
+    static const char* const names[] = {"and", "or",     "not",  "all",   "any",  "equals",
+                                        "in",  "exists", "true", "false", "path", "other"};
     const Node& node = view.nodes[index];
     if (node.kind == NodeKind::Path || node.kind == NodeKind::Other)
         return node.text;
@@ -42,8 +42,7 @@ std::string shown(const Condition& view, std::size_t index = 0) {
 TEST(ConditionView, ShowsEveryKindOfNode) {
     const Condition view = viewOf(either(both(exists("$dir/x"), negation(equals("$name", "a"))),
                                          all({in("$file", {"/a", "$cwd/"}), any({truth(true), truth(false)})})));
-    EXPECT_EQ(shown(view),
-              "or(and(exists($dir/x),not(equals($name,a))),all(in($file,/a,$cwd/),any(true,false)))");
+    EXPECT_EQ(shown(view), "or(and(exists($dir/x),not(equals($name,a))),all(in($file,/a,$cwd/),any(true,false)))");
 }
 
 TEST(ConditionView, NodesComeInPreorder) {

@@ -37,8 +37,7 @@ const Bindings fileBindings("/opt/v", "/src/main.c", "/src/app.c", "/work");
 
 TEST(traceCondition, RecordsEveryValueAndWhatWasNotEvaluated) {
     // or(and(equals($ext,.c), equals($name,x)), equals($dir,/src))
-    const Traced traced(either(both(equals("$ext", ".c"), equals("$name", "x")), equals("$dir", "/src")),
-                        fileBindings);
+    const Traced traced(either(both(equals("$ext", ".c"), equals("$name", "x")), equals("$dir", "/src")), fileBindings);
     EXPECT_TRUE(traced.value);
     const std::vector<NodeValue>& values = traced.values;
     ASSERT_EQ(values.size(), 11u);
@@ -91,7 +90,8 @@ TEST(traceCondition, ExistsRecordsThePathAskedAndTheAnswer) {
 // which a comparison asks its two sides shows.
 class LoggedPath : public TrackedPath {
 public:
-    LoggedPath(Tracker& tracker, const std::string& text) : TrackedPath(tracker, text), tracker_(tracker), text_(text) {}
+    LoggedPath(Tracker& tracker, const std::string& text)
+        : TrackedPath(tracker, text), tracker_(tracker), text_(text) {}
 
     Path evaluate(const Bindings& bindings) const override {
         tracker_.log.push_back("evaluate " + text_);
@@ -112,8 +112,8 @@ TEST(traceCondition, EqualsEvaluatesItsRightPathFirst) {
     EXPECT_TRUE(traced.values[2].evaluated);
     // The trace, then the plain evaluation it is compared with: each asks
     // the right side first.
-    EXPECT_EQ(tracker.log, (std::vector<std::string>{"evaluate right", "evaluate left", "evaluate right",
-                                                      "evaluate left"}));
+    EXPECT_EQ(tracker.log,
+              (std::vector<std::string>{"evaluate right", "evaluate left", "evaluate right", "evaluate left"}));
 }
 
 TEST(traceCondition, ANodeOfAnotherKindEvaluatesItself) {

@@ -18,8 +18,8 @@
 
 namespace {
 
-using QuorelScript::Observe::Question;
 using QuorelScript::Observe::QueryTrace;
+using QuorelScript::Observe::Question;
 using QuorelScript::Observe::traceQuery;
 
 const char* const scripts[] = {

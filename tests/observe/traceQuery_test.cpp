@@ -19,8 +19,8 @@ namespace {
 using namespace testing_rules;
 using QuorelScript::Observe::Expansion;
 using QuorelScript::Observe::none;
-using QuorelScript::Observe::Question;
 using QuorelScript::Observe::QueryTrace;
+using QuorelScript::Observe::Question;
 using QuorelScript::Observe::traceQuery;
 
 std::unique_ptr<Rules> parsed(const std::string& text) {
@@ -119,8 +119,7 @@ TEST(traceQuery, IncludeRulesAllApplyAndShowWhatEachPathBecame) {
     EXPECT_FALSE(trace.rules[1].fired);
     EXPECT_TRUE(trace.rules[1].included.empty());
     EXPECT_EQ(trace.rules[2].included[0].expansion, Expansion::Pattern);
-    EXPECT_EQ(trace.rules[2].included[0].files,
-              (std::vector<std::string>{tree.path("d/one.h"), tree.path("d/two.h")}));
+    EXPECT_EQ(trace.rules[2].included[0].files, (std::vector<std::string>{tree.path("d/one.h"), tree.path("d/two.h")}));
 }
 
 TEST(traceQuery, FollowsTheRulesAsPrecomputeLeftThem) {

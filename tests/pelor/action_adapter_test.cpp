@@ -15,8 +15,7 @@ using pelor::ch;
 using pelor::lit;
 using Log = std::vector<std::string>;
 
-TEST(ActionAdapter, RunsOnceWithTheExactMatchedText)
-{
+TEST(ActionAdapter, RunsOnceWithTheExactMatchedText) {
     Log log;
     EXPECT_EQ(scan((lit("ab") >> ch('c'))[Recorder(log, "seen")], "xabcd", 1), matched(3));
     EXPECT_EQ(log, (Log{"seen:abc"}));
@@ -27,8 +26,7 @@ class Capture {
 public:
     Capture(const char*& first, const char*& last) : first_(&first), last_(&last) {}
 
-    void operator()(const char* first, const char* last) const
-    {
+    void operator()(const char* first, const char* last) const {
         *first_ = first;
         *last_ = last;
     }
@@ -38,8 +36,7 @@ private:
     const char** last_;
 };
 
-TEST(ActionAdapter, GetsTheStartAndTheEndOfTheMatch)
-{
+TEST(ActionAdapter, GetsTheStartAndTheEndOfTheMatch) {
     const std::string text = "xxabc";
     const char* first = nullptr;
     const char* last = nullptr;
@@ -50,38 +47,33 @@ TEST(ActionAdapter, GetsTheStartAndTheEndOfTheMatch)
     EXPECT_EQ(pos, last);
 }
 
-TEST(ActionAdapter, OnAnEmptySubjectGetsAnEmptyRange)
-{
+TEST(ActionAdapter, OnAnEmptySubjectGetsAnEmptyRange) {
     Log log;
     EXPECT_EQ(scan(pelor::epsilon()[Recorder(log, "here")], "abc", 1), matched(0));
     EXPECT_EQ(scan(pelor::epsilon()[Recorder(log, "end")], "abc", 3), matched(0));
     EXPECT_EQ(log, (Log{"here:", "end:"}));
 }
 
-TEST(ActionAdapter, DoesNotRunWhenTheSubjectFails)
-{
+TEST(ActionAdapter, DoesNotRunWhenTheSubjectFails) {
     Log log;
     EXPECT_EQ(scan(lit("ab")[Recorder(log, "seen")], "ax"), failed());
     EXPECT_TRUE(log.empty());
 }
 
-TEST(ActionAdapter, IsNotUndoneWhenAnEnclosingSequenceFails)
-{
+TEST(ActionAdapter, IsNotUndoneWhenAnEnclosingSequenceFails) {
     Log log;
     EXPECT_EQ(scan(ch('a')[Recorder(log, "a")] >> ch('b'), "ac"), failed());
     EXPECT_EQ(log, (Log{"a:a"}));
 }
 
-TEST(ActionAdapter, IsNotUndoneOnBacktrackingAndRunsAgainOnRematch)
-{
+TEST(ActionAdapter, IsNotUndoneOnBacktrackingAndRunsAgainOnRematch) {
     Log log;
     const auto choice = (ch('a')[Recorder(log, "first")] >> ch('b')) | (ch('a')[Recorder(log, "second")] >> ch('c'));
     EXPECT_EQ(scan(choice, "ac"), matched(2));
     EXPECT_EQ(log, (Log{"first:a", "second:a"}));
 }
 
-TEST(ActionAdapter, NestedActionsRunInnermostFirst)
-{
+TEST(ActionAdapter, NestedActionsRunInnermostFirst) {
     Log log;
     EXPECT_EQ(scan(ch('a')[Recorder(log, "inner")][Recorder(log, "outer")], "a"), matched(1));
     EXPECT_EQ(log, (Log{"inner:a", "outer:a"}));
@@ -90,15 +82,13 @@ TEST(ActionAdapter, NestedActionsRunInnermostFirst)
     EXPECT_EQ(log, (Log{"inner:a", "outer:ab"}));
 }
 
-TEST(ActionAdapter, ActionsRunAsTheirSubjectsFinish)
-{
+TEST(ActionAdapter, ActionsRunAsTheirSubjectsFinish) {
     Log log;
     EXPECT_EQ(scan(ch('a')[Recorder(log, "1")] >> ch('b')[Recorder(log, "2")], "ab"), matched(2));
     EXPECT_EQ(log, (Log{"1:a", "2:b"}));
 }
 
-TEST(ActionAdapter, ExceptionsFromTheActionPassThroughLeavingThePosition)
-{
+TEST(ActionAdapter, ExceptionsFromTheActionPassThroughLeavingThePosition) {
     const std::string text = "ab";
     const char* pos = text.data();
     const auto expression = ch('a') >> lit("b")[Throwing()];
@@ -106,8 +96,7 @@ TEST(ActionAdapter, ExceptionsFromTheActionPassThroughLeavingThePosition)
     EXPECT_EQ(pos, text.data());
 }
 
-TEST(ActionAdapter, IndexingMakesAnActionAdapter)
-{
+TEST(ActionAdapter, IndexingMakesAnActionAdapter) {
     EXPECT_TRUE(
         (std::is_same<decltype(lit("a")[Throwing()]), pelor::action_adapter<pelor::literal_string, Throwing>>::value));
 }

@@ -20,29 +20,25 @@ using Log = std::vector<std::string>;
 
 const auto letter = pelor::char_class<pelor::alpha>();
 
-TEST(BalancedAdapter, ItemsUpToTheClose)
-{
+TEST(BalancedAdapter, ItemsUpToTheClose) {
     EXPECT_EQ(scan(pelor::balanced(ch('<'), letter, ch('>')), "ab>c"), matched(3));
     EXPECT_EQ(scan(pelor::balanced(ch('<'), letter, ch('>')), ">"), matched(1));
 }
 
-TEST(BalancedAdapter, EveryOpenOwesAClose)
-{
+TEST(BalancedAdapter, EveryOpenOwesAClose) {
     const auto nest = pelor::balanced(ch('<'), letter, ch('>'));
     EXPECT_EQ(scan(nest, "a<b<c>d>e>f"), matched(10));
     EXPECT_EQ(scan(nest, "<<>>>>"), matched(5));
 }
 
-TEST(BalancedAdapter, FailsUnmovedWithoutTheClose)
-{
+TEST(BalancedAdapter, FailsUnmovedWithoutTheClose) {
     const auto nest = pelor::balanced(ch('<'), letter, ch('>'));
     EXPECT_EQ(scan(nest, "ab!"), failed());
     EXPECT_EQ(scan(nest, "a<b>"), failed());
     EXPECT_EQ(scan(nest, ""), failed());
 }
 
-TEST(BalancedAdapter, OpenIsTriedBeforeItem)
-{
+TEST(BalancedAdapter, OpenIsTriedBeforeItem) {
     Log log;
     const auto nest = pelor::balanced(pelor::lit("ab")[Recorder(log, "open")], letter[Recorder(log, "item")], ch(';'));
     EXPECT_EQ(scan(nest, "aab;;"), matched(5));
@@ -50,8 +46,7 @@ TEST(BalancedAdapter, OpenIsTriedBeforeItem)
 }
 
 // An empty close, such as the end of input, closes every level left open.
-TEST(BalancedAdapter, AnEmptyCloseClosesEveryOpenLevel)
-{
+TEST(BalancedAdapter, AnEmptyCloseClosesEveryOpenLevel) {
     const auto nest = pelor::balanced(ch('<'), letter, pelor::end_of_input() | ch('>'));
     EXPECT_EQ(scan(nest, "a<b<c"), matched(5));
     EXPECT_EQ(scan(nest, "a<b>c"), matched(5));
@@ -59,8 +54,7 @@ TEST(BalancedAdapter, AnEmptyCloseClosesEveryOpenLevel)
 
 // A close missing inside a nested level fails the whole match; the
 // recursive rule fails only that level, and reads its open as an item.
-TEST(BalancedAdapter, AMissingNestedCloseFailsTheWhole)
-{
+TEST(BalancedAdapter, AMissingNestedCloseFailsTheWhole) {
     const auto item = pelor::lit("<!") | letter;
     EXPECT_EQ(scan(pelor::balanced(ch('<'), item, ch('>')), "<!>"), failed());
 
@@ -73,30 +67,27 @@ TEST(BalancedAdapter, AMissingNestedCloseFailsTheWhole)
 // level that runs to a line end, and the text stops only at a line end or at
 // the end of input, where a close always matches. There the loop and the
 // recursive rule it stands for match, and act, alike.
-auto commentOpen(Log& log)
-{
+auto commentOpen(Log& log) {
     return (ch('.') >> ch('%'))[Recorder(log, "open")];
 }
 
-auto commentItem(Log& log)
-{
+auto commentItem(Log& log) {
     typedef pelor::not_char_predicate<pelor::exact_char> NotLineEnd;
     return (ch('.') >> ch('\n'))[Recorder(log, "continued")] |
            pelor::char_class<NotLineEnd>(NotLineEnd(pelor::exact_char('\n')))[Recorder(log, "text")];
 }
 
-auto commentClose(Log& log)
-{
+auto commentClose(Log& log) {
     return pelor::end_of_input() | ch('\n')[Recorder(log, "close")];
 }
 
 class BalancedAndRecursion {
 public:
-    BalancedAndRecursion()
-    {
+    BalancedAndRecursion() {
         balancedWhole = pelor::balanced(commentOpen(balancedLog), commentItem(balancedLog), commentClose(balancedLog));
-        recursive = pelor::zero_or_more((commentOpen(recursionLog) >> ref<rule>(recursive)) | commentItem(recursionLog)) >>
-                    commentClose(recursionLog);
+        recursive =
+            pelor::zero_or_more((commentOpen(recursionLog) >> ref<rule>(recursive)) | commentItem(recursionLog)) >>
+            commentClose(recursionLog);
     }
 
     rule balancedWhole;
@@ -105,8 +96,7 @@ public:
     Log recursionLog;
 };
 
-TEST(BalancedAdapter, MatchesAndActsLikeTheRecursiveRuleWhereACloseAlwaysFits)
-{
+TEST(BalancedAdapter, MatchesAndActsLikeTheRecursiveRuleWhereACloseAlwaysFits) {
     std::mt19937 random(1789);
     int nested = 0;
     for (int i = 0; i < 5000; ++i) {
@@ -120,8 +110,7 @@ TEST(BalancedAdapter, MatchesAndActsLikeTheRecursiveRuleWhereACloseAlwaysFits)
 }
 
 // A million levels, on a stack far too small for a million nested calls.
-TEST(BalancedAdapter, TheStackDoesNotGrowWithTheNesting)
-{
+TEST(BalancedAdapter, TheStackDoesNotGrowWithTheNesting) {
     const int levels = 1000000;
     std::string text(levels, '<');
     text += std::string(levels + 1, '>');

@@ -20,15 +20,13 @@ using Log = std::vector<std::string>;
 
 const auto letter = pelor::char_class<pelor::alpha>();
 
-TEST(ChainAdapter, FirstAloneFoldsNothing)
-{
+TEST(ChainAdapter, FirstAloneFoldsNothing) {
     int folds = 0;
     EXPECT_EQ(scan(pelor::chain(letter, ch('+') >> letter, Counter(folds)), "a-b"), matched(1));
     EXPECT_EQ(folds, 0);
 }
 
-TEST(ChainAdapter, FailsUnmovedWhenFirstFailsAndTriesNoLink)
-{
+TEST(ChainAdapter, FailsUnmovedWhenFirstFailsAndTriesNoLink) {
     Log log;
     const auto chained = pelor::chain(letter, ch('+')[Recorder(log, "link")] >> letter, Recorder(log, "fold"));
     EXPECT_EQ(scan(chained, "+a"), failed());
@@ -36,16 +34,14 @@ TEST(ChainAdapter, FailsUnmovedWhenFirstFailsAndTriesNoLink)
     EXPECT_TRUE(log.empty());
 }
 
-TEST(ChainAdapter, FoldsEveryLinkWithTheWholeChainAfterTheLastAttempt)
-{
+TEST(ChainAdapter, FoldsEveryLinkWithTheWholeChainAfterTheLastAttempt) {
     Log log;
     const auto element = letter[Recorder(log, "element")];
     EXPECT_EQ(scan(pelor::chain(element, ch('+') >> element, Recorder(log, "fold")), "a+b+c-d"), matched(5));
     EXPECT_EQ(log, (Log{"element:a", "element:b", "element:c", "fold:a+b+c", "fold:a+b+c"}));
 }
 
-TEST(ChainAdapter, AFailedLinkConsumesNothingAndItsActionsStay)
-{
+TEST(ChainAdapter, AFailedLinkConsumesNothingAndItsActionsStay) {
     Log log;
     const auto link = ch('+')[Recorder(log, "separator")] >> letter;
     EXPECT_EQ(scan(pelor::chain(letter, link, Recorder(log, "fold")), "a+b+"), matched(3));
@@ -58,8 +54,7 @@ public:
     explicit TreeBuilder(std::vector<std::string>& stack) : stack_(&stack) {}
 
     template <class Iterator>
-    void operator()(Iterator, Iterator) const
-    {
+    void operator()(Iterator, Iterator) const {
         const std::string right = stack_->back();
         stack_->pop_back();
         stack_->back() = "(" + stack_->back() + " " + right + ")";
@@ -74,8 +69,7 @@ public:
     explicit Push(std::vector<std::string>& stack) : stack_(&stack) {}
 
     template <class Iterator>
-    void operator()(Iterator first, Iterator last) const
-    {
+    void operator()(Iterator first, Iterator last) const {
         stack_->push_back(std::string(first, last));
     }
 
@@ -83,16 +77,14 @@ private:
     std::vector<std::string>* stack_;
 };
 
-TEST(ChainAdapter, FoldingOnAStackLeansToTheRight)
-{
+TEST(ChainAdapter, FoldingOnAStackLeansToTheRight) {
     std::vector<std::string> stack;
     const auto element = letter[Push(stack)];
     EXPECT_EQ(scan(pelor::chain(element, ch('+') >> element, TreeBuilder(stack)), "a+b+c+d"), matched(7));
     EXPECT_EQ(stack, (std::vector<std::string>{"(a (b (c d)))"}));
 }
 
-TEST(ChainAdapter, AnUndefinedLinkRuleEndsTheChain)
-{
+TEST(ChainAdapter, AnUndefinedLinkRuleEndsTheChain) {
     rule undefined;
     int folds = 0;
     EXPECT_EQ(scan(pelor::chain(letter, ref<rule>(undefined), Counter(folds)), "ab"), matched(1));
@@ -104,18 +96,18 @@ TEST(ChainAdapter, AnUndefinedLinkRuleEndsTheChain)
 // text a fold is given, and in nothing else.
 class ChainAndRecursion {
 public:
-    ChainAndRecursion()
-    {
+    ChainAndRecursion() {
         const auto element = pelor::one_or_more(letter)[Recorder(chainLog, "element")];
-        const auto separator = (pelor::zero_or_more(ch(' ')) >> ch('+'))[Recorder(chainLog, "separator")] >>
-                               pelor::zero_or_more(ch(' '));
+        const auto separator =
+            (pelor::zero_or_more(ch(' ')) >> ch('+'))[Recorder(chainLog, "separator")] >> pelor::zero_or_more(ch(' '));
         chained = pelor::chain(element, separator >> element, Counter(chainFolds)) >> ch(';');
 
         const auto recursiveElement = pelor::one_or_more(letter)[Recorder(recursionLog, "element")];
-        const auto recursiveSeparator = (pelor::zero_or_more(ch(' ')) >> ch('+'))[Recorder(recursionLog, "separator")] >>
-                                        pelor::zero_or_more(ch(' '));
-        recursive = recursiveElement >>
-                    pelor::optional((recursiveSeparator >> ref<rule>(recursive))[Counter(recursionFolds)]);
+        const auto recursiveSeparator =
+            (pelor::zero_or_more(ch(' ')) >> ch('+'))[Recorder(recursionLog, "separator")] >>
+            pelor::zero_or_more(ch(' '));
+        recursive =
+            recursiveElement >> pelor::optional((recursiveSeparator >> ref<rule>(recursive))[Counter(recursionFolds)]);
         recursiveWhole = ref<rule>(recursive) >> ch(';');
     }
 
@@ -128,8 +120,7 @@ public:
     int recursionFolds = 0;
 };
 
-TEST(ChainAdapter, MatchesAndActsLikeTheRightRecursiveRule)
-{
+TEST(ChainAdapter, MatchesAndActsLikeTheRightRecursiveRule) {
     std::mt19937 random(5150);
     int matches = 0;
     for (int i = 0; i < 5000; ++i) {
@@ -145,8 +136,7 @@ TEST(ChainAdapter, MatchesAndActsLikeTheRightRecursiveRule)
 }
 
 // A million links, on a stack far too small for a million nested calls.
-TEST(ChainAdapter, TheStackDoesNotGrowWithTheChain)
-{
+TEST(ChainAdapter, TheStackDoesNotGrowWithTheChain) {
     const int links = 1000000;
     std::string text = "a";
     for (int i = 0; i < links; ++i) {

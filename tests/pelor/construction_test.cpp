@@ -13,8 +13,8 @@ template <class A, class B, class = void>
 struct HasSequence : std::false_type {};
 
 template <class A, class B>
-struct HasSequence<A, B, std::void_t<decltype(std::declval<const A&>() >> std::declval<const B&>())>>
-    : std::true_type {};
+struct HasSequence<A, B, std::void_t<decltype(std::declval<const A&>() >> std::declval<const B&>())>> : std::true_type {
+};
 
 template <class A, class B, class = void>
 struct HasChoice : std::false_type {};
@@ -22,14 +22,12 @@ struct HasChoice : std::false_type {};
 template <class A, class B>
 struct HasChoice<A, B, std::void_t<decltype(std::declval<const A&>() | std::declval<const B&>())>> : std::true_type {};
 
-TEST(Construction, OperatorsCombineParsers)
-{
+TEST(Construction, OperatorsCombineParsers) {
     EXPECT_TRUE((HasSequence<pelor::epsilon, pelor::ref<pelor::rule>>::value));
     EXPECT_TRUE((HasChoice<pelor::literal_string, pelor::char_class<pelor::alpha>>::value));
 }
 
-TEST(Construction, OperatorsLeaveOtherTypesAlone)
-{
+TEST(Construction, OperatorsLeaveOtherTypesAlone) {
     EXPECT_FALSE((HasSequence<std::string, pelor::epsilon>::value));
     EXPECT_FALSE((HasSequence<pelor::epsilon, const char*>::value));
     EXPECT_FALSE((HasChoice<pelor::epsilon, char>::value));
@@ -38,8 +36,7 @@ TEST(Construction, OperatorsLeaveOtherTypesAlone)
     EXPECT_TRUE((HasChoice<int, int>::value));
 }
 
-TEST(Construction, EveryParserIsMarkedAsOne)
-{
+TEST(Construction, EveryParserIsMarkedAsOne) {
     EXPECT_TRUE(pelor::is_parser<pelor::epsilon>::value);
     EXPECT_TRUE(pelor::is_parser<pelor::end_of_input>::value);
     EXPECT_TRUE(pelor::is_parser<pelor::ref<pelor::rule>>::value);
@@ -53,8 +50,7 @@ TEST(Construction, EveryParserIsMarkedAsOne)
 // no parser or predicate type has a virtual function, so every match inside a
 // body is a direct call on a value of known type, and the body type itself is
 // final, so its entry points call the expression's match directly.
-TEST(Construction, NothingButTheRuleBodyIsPolymorphic)
-{
+TEST(Construction, NothingButTheRuleBodyIsPolymorphic) {
     using pelor::char_class;
     using pelor::epsilon;
     using pelor::exact_char;
@@ -82,8 +78,7 @@ TEST(Construction, NothingButTheRuleBodyIsPolymorphic)
     EXPECT_TRUE(std::is_final<pelor::rule_impl<Body>>::value);
 }
 
-TEST(Construction, PrimitivesAreSmallValues)
-{
+TEST(Construction, PrimitivesAreSmallValues) {
     EXPECT_TRUE(std::is_empty<pelor::epsilon>::value);
     EXPECT_TRUE(std::is_empty<pelor::end_of_input>::value);
     EXPECT_EQ(sizeof(pelor::char_class<pelor::alpha>), 1u);

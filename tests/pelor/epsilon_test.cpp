@@ -11,20 +11,17 @@ namespace {
 
 using pelor::epsilon;
 
-TEST(Epsilon, MatchesAnywhereConsumingNothing)
-{
+TEST(Epsilon, MatchesAnywhereConsumingNothing) {
     EXPECT_EQ(scan(epsilon(), "abc"), matched(0));
     EXPECT_EQ(scan(epsilon(), "abc", 2), matched(0));
 }
 
-TEST(Epsilon, MatchesAtTheEnd)
-{
+TEST(Epsilon, MatchesAtTheEnd) {
     EXPECT_EQ(scan(epsilon(), "abc", 3), matched(0));
     EXPECT_EQ(scan(epsilon(), ""), matched(0));
 }
 
-TEST(Epsilon, RunsItsActionWhenThatPointIsReached)
-{
+TEST(Epsilon, RunsItsActionWhenThatPointIsReached) {
     std::vector<std::string> log;
     const auto expression = epsilon()[Recorder(log, "reached")] >> pelor::ch('x')[Recorder(log, "x")];
     EXPECT_EQ(scan(expression, "x"), matched(1));

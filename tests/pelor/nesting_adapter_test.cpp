@@ -17,8 +17,7 @@ using pelor::rule;
 // Balanced parentheses, each pair one level deeper on `depth`.
 class Parentheses {
 public:
-    explicit Parentheses(int limit) : depth(limit)
-    {
+    explicit Parentheses(int limit) : depth(limit) {
         nest = pelor::zero_or_more(ch('(') >> pelor::nested(depth, ref<rule>(nest)) >> ch(')'));
         whole = ref<rule>(nest) >> pelor::end_of_input();
     }
@@ -28,16 +27,14 @@ public:
     rule whole;
 };
 
-TEST(NestingAdapter, WithinTheLimitMatchesLikeItsOperand)
-{
+TEST(NestingAdapter, WithinTheLimitMatchesLikeItsOperand) {
     Parentheses grammar(3);
     EXPECT_EQ(scan(grammar.whole, "((()))()"), matched(8));
     EXPECT_FALSE(grammar.depth.exceeded());
     EXPECT_EQ(grammar.depth.current(), 0);
 }
 
-TEST(NestingAdapter, BeyondTheLimitFailsAndSaysSo)
-{
+TEST(NestingAdapter, BeyondTheLimitFailsAndSaysSo) {
     Parentheses grammar(3);
     EXPECT_EQ(scan(grammar.whole, "(((())))"), failed());
     EXPECT_TRUE(grammar.depth.exceeded());
@@ -45,15 +42,13 @@ TEST(NestingAdapter, BeyondTheLimitFailsAndSaysSo)
     EXPECT_EQ(grammar.depth.limit(), 3);
 }
 
-TEST(NestingAdapter, AFailureWithinTheLimitSaysNothing)
-{
+TEST(NestingAdapter, AFailureWithinTheLimitSaysNothing) {
     Parentheses grammar(3);
     EXPECT_EQ(scan(grammar.whole, "((())"), failed());
     EXPECT_FALSE(grammar.depth.exceeded());
 }
 
-TEST(NestingAdapter, TheRecordStaysUntilReset)
-{
+TEST(NestingAdapter, TheRecordStaysUntilReset) {
     Parentheses grammar(1);
     EXPECT_EQ(scan(grammar.whole, "(())"), failed());
     EXPECT_EQ(scan(grammar.whole, "()"), matched(2));
@@ -69,8 +64,7 @@ public:
     DepthLog(std::vector<int>& depths, const pelor::nesting_depth& depth) : depths_(&depths), depth_(&depth) {}
 
     template <class Iterator>
-    void operator()(Iterator, Iterator) const
-    {
+    void operator()(Iterator, Iterator) const {
         depths_->push_back(depth_->current());
     }
 
@@ -79,8 +73,7 @@ private:
     const pelor::nesting_depth* depth_;
 };
 
-TEST(NestingAdapter, TheOperandRunsOneLevelDeeper)
-{
+TEST(NestingAdapter, TheOperandRunsOneLevelDeeper) {
     pelor::nesting_depth depth(5);
     std::vector<int> depths;
     const auto inner = pelor::nested(depth, ch('a')[DepthLog(depths, depth)]);
@@ -89,8 +82,7 @@ TEST(NestingAdapter, TheOperandRunsOneLevelDeeper)
     EXPECT_EQ(depth.current(), 0);
 }
 
-TEST(NestingAdapter, AtTheLimitTheOperandIsNotTried)
-{
+TEST(NestingAdapter, AtTheLimitTheOperandIsNotTried) {
     pelor::nesting_depth depth(0);
     int calls = 0;
     EXPECT_EQ(scan(pelor::nested(depth, pelor::epsilon()[Counter(calls)]), "a"), failed());
@@ -98,8 +90,7 @@ TEST(NestingAdapter, AtTheLimitTheOperandIsNotTried)
     EXPECT_TRUE(depth.exceeded());
 }
 
-TEST(NestingAdapter, AnExceptionGivesTheLevelBack)
-{
+TEST(NestingAdapter, AnExceptionGivesTheLevelBack) {
     pelor::nesting_depth depth(2);
     const std::string text = "a";
     const char* pos = text.data();

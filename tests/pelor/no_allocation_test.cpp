@@ -29,8 +29,7 @@ public:
     explicit Tally(int& calls) : calls_(&calls) {}
 
     template <class Iterator>
-    void operator()(Iterator, Iterator) const
-    {
+    void operator()(Iterator, Iterator) const {
         ++*calls_;
     }
 
@@ -46,8 +45,7 @@ private:
 // to compare it would be caught allocating.
 class StatementGrammar {
 public:
-    StatementGrammar() : depth(4)
-    {
+    StatementGrammar() : depth(4) {
         using pelor::char_class;
         using pelor::exact_char;
         using pelor::not_char_predicate;
@@ -67,11 +65,13 @@ public:
                 lit("print") >> boundary >> ref<rule>(blank) >>
                     pelor::chain(ref<rule>(name), ref<rule>(blank) >> ch(',') >> ref<rule>(blank) >> ref<rule>(name),
                                  Tally(names));
-        comment = ch('#') >> pelor::balanced(ch('{'), char_class<not_char_predicate<exact_char>>(
-                                                          not_char_predicate<exact_char>('\n')),
-                                             ref<rule>(newline));
-        statement = pelor::epsilon()[Tally(statementsTried)] >>
-                    ((ref<rule>(let) | ref<rule>(print)) >> pelor::optional(ref<rule>(blank)) >> ch(';'))[Tally(statements)];
+        comment =
+            ch('#') >> pelor::balanced(ch('{'),
+                                       char_class<not_char_predicate<exact_char>>(not_char_predicate<exact_char>('\n')),
+                                       ref<rule>(newline));
+        statement =
+            pelor::epsilon()[Tally(statementsTried)] >>
+            ((ref<rule>(let) | ref<rule>(print)) >> pelor::optional(ref<rule>(blank)) >> ch(';'))[Tally(statements)];
         script = pelor::zero_or_more(ref<rule>(statement) | ref<rule>(newline) | pelor::one_or_more(blankChar) |
                                      ref<rule>(comment)) >>
                  pelor::repeat<1, 2>(pelor::end_of_input());
@@ -95,8 +95,7 @@ public:
 
 const int repetitions = 2000;
 
-std::string longScript()
-{
+std::string longScript() {
     std::string text;
     for (int i = 0; i < repetitions; ++i) {
         text += "let x1 = some value;\r\n\tprint x1 , ((y)), z ; print_every_value;#{ see\nbelow\n";
@@ -105,8 +104,7 @@ std::string longScript()
 }
 
 template <class Iterator>
-void expectNoAllocation(StatementGrammar& grammar, Iterator begin, Iterator end)
-{
+void expectNoAllocation(StatementGrammar& grammar, Iterator begin, Iterator end) {
     grammar.lines = 0;
     grammar.statements = 0;
     grammar.names = 0;
@@ -122,23 +120,20 @@ void expectNoAllocation(StatementGrammar& grammar, Iterator begin, Iterator end)
     EXPECT_EQ(grammar.names, 2 * repetitions);
 }
 
-TEST(NoAllocation, CountingSeesAllocations)
-{
+TEST(NoAllocation, CountingSeesAllocations) {
     const std::size_t before = ReplacedAllocator::count();
     const std::string text = longScript();
     EXPECT_GT(ReplacedAllocator::count(), before);
     EXPECT_GT(text.size(), 0u);
 }
 
-TEST(NoAllocation, BuildingAGrammarMayAllocate)
-{
+TEST(NoAllocation, BuildingAGrammarMayAllocate) {
     const std::size_t before = ReplacedAllocator::count();
     const StatementGrammar grammar;
     EXPECT_GE(ReplacedAllocator::count(), before + 8);
 }
 
-TEST(NoAllocation, MatchingAllocatesNothing)
-{
+TEST(NoAllocation, MatchingAllocatesNothing) {
     StatementGrammar grammar;
     std::string text = longScript();
     const char* pos = text.data();
@@ -158,8 +153,7 @@ TEST(NoAllocation, MatchingAllocatesNothing)
     expectNoAllocation(grammar, text.begin(), text.end());
 }
 
-TEST(NoAllocation, FailingAndBacktrackingAllocateNothing)
-{
+TEST(NoAllocation, FailingAndBacktrackingAllocateNothing) {
     StatementGrammar grammar;
     std::string text = longScript() + "print (((((too deep)))));";
     const char* pos = text.data();
@@ -174,8 +168,7 @@ TEST(NoAllocation, FailingAndBacktrackingAllocateNothing)
 // Assigns `body` to `target` while only `allowed` allocations may succeed;
 // true when the assignment ran out of memory.
 template <class Body>
-bool assignRunningOutOfMemory(rule& target, const Body& body, int allowed)
-{
+bool assignRunningOutOfMemory(rule& target, const Body& body, int allowed) {
     ReplacedAllocator::failAfter(allowed);
     bool ranOut = false;
     try {
@@ -190,8 +183,7 @@ bool assignRunningOutOfMemory(rule& target, const Body& body, int allowed)
 // The new body needs two allocations: the body object, then the copy of its
 // literal's text, too long to be kept inside the string object. Whichever
 // fails, the old body is already gone and nothing leaks.
-TEST(NoAllocation, AssignmentOutOfMemoryLeavesTheRuleWithoutABody)
-{
+TEST(NoAllocation, AssignmentOutOfMemoryLeavesTheRuleWithoutABody) {
     const auto body = lit("a literal much too long to fit in a string object") >> ch('!');
     for (int allowed = 0; allowed < 2; ++allowed) {
         rule r;

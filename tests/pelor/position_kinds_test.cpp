@@ -21,8 +21,7 @@ public:
     WordLog(std::vector<std::string>& words, std::vector<std::type_index>& kinds) : words_(&words), kinds_(&kinds) {}
 
     template <class Iterator>
-    void operator()(Iterator first, Iterator last) const
-    {
+    void operator()(Iterator first, Iterator last) const {
         words_->push_back(std::string(first, last));
         kinds_->push_back(typeid(Iterator));
     }
@@ -36,8 +35,7 @@ private:
 // crosses rule boundaries.
 class WordList {
 public:
-    WordList()
-    {
+    WordList() {
         word = pelor::one_or_more(pelor::char_class<pelor::word_char>())[WordLog(words, kinds)];
         list = ref<rule>(word) >> pelor::zero_or_more(ch(',') >> ref<rule>(word));
         whole = ref<rule>(list) >> pelor::end_of_input();
@@ -51,8 +49,7 @@ public:
 };
 
 template <class Iterator>
-Iterator beginOf(std::string& text)
-{
+Iterator beginOf(std::string& text) {
     if constexpr (std::is_pointer<Iterator>::value) {
         return text.data();
     } else {
@@ -69,8 +66,7 @@ using Kinds = ::testing::Types<const char*, char*, std::string::const_iterator, 
 // macro's last, optional argument, without which clang warns (-Wpedantic).
 struct KindName {
     template <class Iterator>
-    static std::string GetName(int)
-    {
+    static std::string GetName(int) {
         if constexpr (std::is_same<Iterator, const char*>::value)
             return "ConstPointer";
         else if constexpr (std::is_same<Iterator, char*>::value)
@@ -83,8 +79,7 @@ struct KindName {
 };
 TYPED_TEST_SUITE(PositionKinds, Kinds, KindName);
 
-TYPED_TEST(PositionKinds, MatchAWholeListThroughTheSameKind)
-{
+TYPED_TEST(PositionKinds, MatchAWholeListThroughTheSameKind) {
     WordList grammar;
     std::string text = "ab,c_d,e1";
     const TypeParam begin = beginOf<TypeParam>(text);
@@ -96,8 +91,7 @@ TYPED_TEST(PositionKinds, MatchAWholeListThroughTheSameKind)
     EXPECT_EQ(grammar.kinds, std::vector<std::type_index>(3, typeid(TypeParam)));
 }
 
-TYPED_TEST(PositionKinds, FailUnmovedThroughTheSameKind)
-{
+TYPED_TEST(PositionKinds, FailUnmovedThroughTheSameKind) {
     WordList grammar;
     std::string text = "ab,c_d,,e1";
     const TypeParam begin = beginOf<TypeParam>(text);
@@ -107,8 +101,7 @@ TYPED_TEST(PositionKinds, FailUnmovedThroughTheSameKind)
     EXPECT_EQ(grammar.words, (std::vector<std::string>{"ab", "c_d"}));
 }
 
-TYPED_TEST(PositionKinds, FailAtTheEndOfAnEmptyInput)
-{
+TYPED_TEST(PositionKinds, FailAtTheEndOfAnEmptyInput) {
     WordList grammar;
     std::string text;
     TypeParam pos = beginOf<TypeParam>(text);
@@ -116,8 +109,7 @@ TYPED_TEST(PositionKinds, FailAtTheEndOfAnEmptyInput)
     EXPECT_TRUE(grammar.words.empty());
 }
 
-TEST(PositionKinds, RuleMatchEntersTheCharacterPointerKind)
-{
+TEST(PositionKinds, RuleMatchEntersTheCharacterPointerKind) {
     WordList grammar;
     const std::string text = "x,y";
     const char* pos = text.data();

@@ -13,8 +13,7 @@ using pelor::ch;
 using pelor::ref;
 using pelor::rule;
 
-TEST(RecursiveGrammar, BalancedParentheses)
-{
+TEST(RecursiveGrammar, BalancedParentheses) {
     rule balanced;
     balanced = pelor::zero_or_more(ch('(') >> ref<rule>(balanced) >> ch(')'));
     rule whole;
@@ -32,8 +31,7 @@ TEST(RecursiveGrammar, BalancedParentheses)
 // evaluate on a stack as they go.
 class Calculator {
 public:
-    Calculator()
-    {
+    Calculator() {
         using pelor::zero_or_more;
         const pelor::char_class<Digit> digit;
         number = pelor::one_or_more(digit)[Push(this)];
@@ -46,8 +44,7 @@ public:
     }
 
     // The value of `text`, or false when it is not an expression.
-    bool evaluate(const std::string& text, long& value)
-    {
+    bool evaluate(const std::string& text, long& value) {
         stack_.clear();
         const char* pos = text.data();
         if (!whole.match(pos, text.data() + text.size())) {
@@ -67,8 +64,7 @@ private:
         explicit Push(Calculator* calculator) : calculator_(calculator) {}
 
         template <class Iterator>
-        void operator()(Iterator first, Iterator last) const
-        {
+        void operator()(Iterator first, Iterator last) const {
             calculator_->stack_.push_back(std::stol(std::string(first, last)));
         }
 
@@ -81,17 +77,24 @@ private:
         Apply(Calculator* calculator, char op) : calculator_(calculator), op_(op) {}
 
         template <class Iterator>
-        void operator()(Iterator, Iterator) const
-        {
+        void operator()(Iterator, Iterator) const {
             std::vector<long>& stack = calculator_->stack_;
             const long right = stack.back();
             stack.pop_back();
             long& left = stack.back();
             switch (op_) {
-            case '+': left += right; break;
-            case '-': left -= right; break;
-            case '*': left *= right; break;
-            default: left /= right; break;
+            case '+':
+                left += right;
+                break;
+            case '-':
+                left -= right;
+                break;
+            case '*':
+                left *= right;
+                break;
+            default:
+                left /= right;
+                break;
             }
         }
 
@@ -108,8 +111,7 @@ private:
     std::vector<long> stack_;
 };
 
-TEST(RecursiveGrammar, ArithmeticIsEvaluatedByItsActions)
-{
+TEST(RecursiveGrammar, ArithmeticIsEvaluatedByItsActions) {
     Calculator calculator;
     long value = 0;
     ASSERT_TRUE(calculator.evaluate("42", value));

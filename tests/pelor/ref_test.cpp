@@ -13,20 +13,17 @@ using pelor::epsilon;
 using pelor::ref;
 using pelor::rule;
 
-TEST(Ref, HoldsOnlyARulePointer)
-{
+TEST(Ref, HoldsOnlyARulePointer) {
     EXPECT_EQ(sizeof(ref<rule>), sizeof(const rule*));
 }
 
-TEST(Ref, ToUndefinedRuleFailsAndLeavesPosition)
-{
+TEST(Ref, ToUndefinedRuleFailsAndLeavesPosition) {
     const rule undefined;
     EXPECT_EQ(scan(ref<rule>(undefined), "abc", 1), failed());
     EXPECT_EQ(scan(ref<rule>(undefined), ""), failed());
 }
 
-TEST(Ref, MadeBeforeTheDefinitionSeesTheDefinition)
-{
+TEST(Ref, MadeBeforeTheDefinitionSeesTheDefinition) {
     rule r;
     const ref<rule> early(r);
     EXPECT_EQ(scan(early, "ab"), failed());
@@ -34,14 +31,12 @@ TEST(Ref, MadeBeforeTheDefinitionSeesTheDefinition)
     EXPECT_EQ(scan(early, "ab"), matched(2));
 }
 
-TEST(Ref, OneOrMoreOfUndefinedRuleFails)
-{
+TEST(Ref, OneOrMoreOfUndefinedRuleFails) {
     const rule undefined;
     EXPECT_EQ(scan(pelor::one_or_more(ref<rule>(undefined)), "abc"), failed());
 }
 
-TEST(Ref, ZeroOrMoreOfUndefinedRuleSucceedsEmpty)
-{
+TEST(Ref, ZeroOrMoreOfUndefinedRuleSucceedsEmpty) {
     const rule undefined;
     EXPECT_EQ(scan(pelor::zero_or_more(ref<rule>(undefined)), "abc"), matched(0));
 }
@@ -52,8 +47,7 @@ public:
     Redefine(rule& target, char c) : target_(&target), c_(c) {}
 
     template <class Iterator>
-    void operator()(Iterator, Iterator) const
-    {
+    void operator()(Iterator, Iterator) const {
         *target_ = pelor::literal_string(std::string(1, c_));
     }
 
@@ -64,8 +58,7 @@ private:
 
 // The new body is a literal, bigger than the character class it replaces, so
 // that it cannot take the old body's place in memory and pass for it.
-TEST(Ref, RepetitionLooksTheBodyUpAgainAtEachIteration)
-{
+TEST(Ref, RepetitionLooksTheBodyUpAgainAtEachIteration) {
     rule item;
     item = ch('a');
     const auto items = pelor::zero_or_more(ref<rule>(item) >> epsilon()[Redefine(item, 'b')]);
@@ -74,8 +67,7 @@ TEST(Ref, RepetitionLooksTheBodyUpAgainAtEachIteration)
 
 // Each body starts with a counting epsilon, so the counts say how often each
 // body was entered.
-TEST(Ref, EachReferenceCrossedEntersItsBodyOnce)
-{
+TEST(Ref, EachReferenceCrossedEntersItsBodyOnce) {
     int leafEntries = 0;
     int middleEntries = 0;
     rule leaf;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "pelor/pelor.hpp"
 #include "DynamicType.hpp"
+#include "pelor/pelor.hpp"
 #include "scan.hpp"
 
 #include <gtest/gtest.h>
@@ -28,9 +28,7 @@ public:
     ~Tracked() { --*live_; }
 
     template <class Iterator>
-    void operator()(Iterator, Iterator) const
-    {
-    }
+    void operator()(Iterator, Iterator) const {}
 
 private:
     int* live_;
@@ -40,8 +38,7 @@ private:
 // the platform, a pointer to a virtual member function holds one more than the
 // byte offset of the function's slot, followed by a this-adjustment.
 template <class MemberFunction>
-std::ptrdiff_t tableSlot(MemberFunction function)
-{
+std::ptrdiff_t tableSlot(MemberFunction function) {
     struct Representation {
         std::ptrdiff_t slotOffsetPlusOne;
         std::ptrdiff_t thisAdjustment;
@@ -54,8 +51,7 @@ std::ptrdiff_t tableSlot(MemberFunction function)
 
 // The two destructors take the first two slots; the four entry points follow
 // them, the character-pointer one first.
-TEST(RuleImplBase, EntryPointsFollowTheDestructorsInSlotOrder)
-{
+TEST(RuleImplBase, EntryPointsFollowTheDestructorsInSlotOrder) {
     using pelor::rule_impl_base;
     using ConstIterator = std::string::const_iterator;
     using Iterator = std::string::iterator;
@@ -65,21 +61,18 @@ TEST(RuleImplBase, EntryPointsFollowTheDestructorsInSlotOrder)
     EXPECT_EQ(tableSlot<bool (rule_impl_base::*)(Iterator&, Iterator) const>(&rule_impl_base::parse), 5);
 }
 
-TEST(Rule, HoldsOnlyItsBodyPointer)
-{
+TEST(Rule, HoldsOnlyItsBodyPointer) {
     EXPECT_EQ(sizeof(rule), sizeof(pelor::rule_impl_base*));
 }
 
-TEST(Rule, HasNoBodyUntilAssigned)
-{
+TEST(Rule, HasNoBodyUntilAssigned) {
     rule r;
     EXPECT_EQ(r.body(), nullptr);
     r = lit("x");
     EXPECT_NE(r.body(), nullptr);
 }
 
-TEST(Rule, WithoutBodyFailsAndLeavesPosition)
-{
+TEST(Rule, WithoutBodyFailsAndLeavesPosition) {
     const rule r;
     const std::string text = "abc";
     const char* pos = text.data() + 1;
@@ -87,24 +80,21 @@ TEST(Rule, WithoutBodyFailsAndLeavesPosition)
     EXPECT_EQ(pos, text.data() + 1);
 }
 
-TEST(Rule, MatchesWhatItsBodyMatches)
-{
+TEST(Rule, MatchesWhatItsBodyMatches) {
     rule r;
     r = lit("ab") >> ch('c');
     EXPECT_EQ(scan(r, "abcd"), matched(3));
     EXPECT_EQ(scan(r, "abd"), failed());
 }
 
-TEST(Rule, BodyIsOneInstantiationHoldingTheWholeExpression)
-{
+TEST(Rule, BodyIsOneInstantiationHoldingTheWholeExpression) {
     rule r;
     const auto expression = lit("a") | ch('b');
     r = expression;
     EXPECT_NE(dynamic_cast<const pelor::rule_impl<std::decay_t<decltype(expression)>>*>(r.body()), nullptr);
 }
 
-TEST(Rule, BodiesOfTheSameShapeShareOneInstantiation)
-{
+TEST(Rule, BodiesOfTheSameShapeShareOneInstantiation) {
     rule a;
     rule b;
     rule first;
@@ -114,8 +104,7 @@ TEST(Rule, BodiesOfTheSameShapeShareOneInstantiation)
     EXPECT_EQ(dynamicType(*first.body()), dynamicType(*second.body()));
 }
 
-TEST(Rule, ReassignmentDeletesTheOldBody)
-{
+TEST(Rule, ReassignmentDeletesTheOldBody) {
     int oldLive = 0;
     int newLive = 0;
     rule r;
@@ -126,8 +115,7 @@ TEST(Rule, ReassignmentDeletesTheOldBody)
     EXPECT_EQ(newLive, 1);
 }
 
-TEST(Rule, DestructionDeletesTheBody)
-{
+TEST(Rule, DestructionDeletesTheBody) {
     int live = 0;
     {
         rule r;
@@ -139,8 +127,7 @@ TEST(Rule, DestructionDeletesTheBody)
 
 // The two bodies differ in size, so that the new one cannot take the old
 // one's place in memory and pass for it.
-TEST(Rule, LastAssignmentWinsForReferencesMadeBefore)
-{
+TEST(Rule, LastAssignmentWinsForReferencesMadeBefore) {
     rule r;
     const ref<rule> earlier(r);
     r = ch('f');
@@ -150,8 +137,7 @@ TEST(Rule, LastAssignmentWinsForReferencesMadeBefore)
     EXPECT_EQ(scan(earlier, "first"), failed());
 }
 
-TEST(Rule, FailureAfterLongPrefixLeavesPosition)
-{
+TEST(Rule, FailureAfterLongPrefixLeavesPosition) {
     rule r;
     r = pelor::one_or_more(ch('a')) >> ch('b');
     const std::string text = "x" + std::string(1000, 'a') + "c";
@@ -159,16 +145,14 @@ TEST(Rule, FailureAfterLongPrefixLeavesPosition)
     EXPECT_EQ(scan(ref<rule>(r), text, 1), failed());
 }
 
-TEST(Rule, SelfReferenceAfterConsumingInputTerminates)
-{
+TEST(Rule, SelfReferenceAfterConsumingInputTerminates) {
     rule r;
     r = ch('a') >> ref<rule>(r) | ch('b');
     EXPECT_EQ(scan(r, "aaaab!"), matched(5));
     EXPECT_EQ(scan(r, "aaaa"), failed());
 }
 
-TEST(Rule, MatchingAtTheEndIsLegal)
-{
+TEST(Rule, MatchingAtTheEndIsLegal) {
     rule needsByte;
     needsByte = ch('a');
     rule empty;
@@ -180,8 +164,7 @@ TEST(Rule, MatchingAtTheEndIsLegal)
 
 // Left recursion is not detected: the rule enters itself before consuming
 // anything, forever, until the stack is exhausted.
-TEST(RuleDeathTest, LeftRecursionExhaustsTheStack)
-{
+TEST(RuleDeathTest, LeftRecursionExhaustsTheStack) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     rule r;
     r = ref<rule>(r) >> ch('a') | ch('b');

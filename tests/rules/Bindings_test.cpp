@@ -75,13 +75,12 @@ Values joined(Values first, const Values& second) {
 }
 
 // What both constructors bind for the file /src/main.c met from /src/caller.c.
-const Values mainFromCaller = {{"file", "/src/main.c"}, {"caller", "/src/caller.c"}, {"dir", "/src"},
-                               {"name", "main"},        {"ext", ".c"},              {"vrk", ".vrkilx"},
-                               {"arch", "ia32lx"},      {"lib", ".so"}};
+const Values mainFromCaller = {
+    {"file", "/src/main.c"}, {"caller", "/src/caller.c"}, {"dir", "/src"},    {"name", "main"},
+    {"ext", ".c"},           {"vrk", ".vrkilx"},          {"arch", "ia32lx"}, {"lib", ".so"}};
 
 const Case cases[] = {
-    {"FullConstructorBindsEveryValue",
-     full("/opt/v", "/src/main.c", "/src/caller.c", "/work"),
+    {"FullConstructorBindsEveryValue", full("/opt/v", "/src/main.c", "/src/caller.c", "/work"),
      joined({{"vantor", "/opt/v"}, {"toolbox", "/opt/v/toolbox"}, {"cwd", "/work"}}, mainFromCaller)},
     {"ShortConstructorBindsTheFileAndTheFixedValues", shortForm("/src/main.c", "/src/caller.c"), mainFromCaller},
     {"ShortConstructorTakesANullFileOrCallerAsEmpty",
@@ -97,9 +96,7 @@ const Case cases[] = {
     // as they are: a blank that ends a piece stays, where normalizing would
     // drop it.
     {"FilePartsAreNotNormalizedAgain", fileOnly("/a /b .c"), {{"dir", "/a "}, {"name", "b "}, {"ext", ".c"}}},
-    {"NullFileLeavesFileAndItsPartsEmpty",
-     fileOnly(nullptr),
-     {{"file", ""}, {"dir", ""}, {"name", ""}, {"ext", ""}}},
+    {"NullFileLeavesFileAndItsPartsEmpty", fileOnly(nullptr), {{"file", ""}, {"dir", ""}, {"name", ""}, {"ext", ""}}},
     {"NullRootAndCwdAreTheCurrentDirectory",
      full(nullptr, "/f", nullptr, nullptr),
      {{"vantor", "."}, {"toolbox", "./toolbox"}, {"cwd", "."}, {"caller", ""}}},
@@ -134,8 +131,8 @@ INSTANTIATE_TEST_SUITE_P(Bindings, BindingsValues, testing::ValuesIn(cases),
 
 TEST(Bindings, FullConstructorBindsElevenVariables) {
     const Bindings bindings("/opt/v", "/src/main.c", "/src/caller.c", "/work");
-    EXPECT_EQ(namesOf(bindings), (std::vector<std::string>{"arch", "caller", "cwd", "dir", "ext", "file", "lib",
-                                                          "name", "toolbox", "vantor", "vrk"}));
+    EXPECT_EQ(namesOf(bindings), (std::vector<std::string>{"arch", "caller", "cwd", "dir", "ext", "file", "lib", "name",
+                                                           "toolbox", "vantor", "vrk"}));
 }
 
 TEST(Bindings, ShortConstructorLeavesOutVantorToolboxAndCwd) {

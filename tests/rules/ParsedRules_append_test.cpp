@@ -40,8 +40,8 @@ TEST(ParsedRulesAppend, AppendedRulesAreFreedWithTheRuleSet) {
         ParsedRules rules(new ExcludeRuleList, new PruneRuleList, new IncludeRuleList);
         rules.appendExcludeRule(rule<ExcludeRule>("E", new TrackedCondition(tracker, "e", true)));
         rules.appendPruneRule(rule<PruneRule>("P", new TrackedCondition(tracker, "p", true)));
-        rules.appendIncludeRule(new IncludeRule(new PathList{new TrackedPath(tracker, "/a")},
-                                                new TrackedCondition(tracker, "i", true)));
+        rules.appendIncludeRule(
+            new IncludeRule(new PathList{new TrackedPath(tracker, "/a")}, new TrackedCondition(tracker, "i", true)));
         EXPECT_EQ(tracker.alive, 4);
     }
     EXPECT_EQ(tracker.alive, 0);

@@ -44,10 +44,10 @@ TEST(ParsedRulesQuery, FirstTrueExcludeRuleDecidesAndLaterOnesAreNotEvaluated) {
 }
 
 TEST(ParsedRulesQuery, PruneQueryUsesThePruneRulesOnly) {
-    ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>("E", equals("$file", "/f"))},
-                      new PruneRuleList{rule<PruneRule>("P1", equals("$file", "/g")),
-                                        rule<PruneRule>("P2", equals("$caller", "/c"))},
-                      nullptr);
+    ParsedRules rules(
+        new ExcludeRuleList{rule<ExcludeRule>("E", equals("$file", "/f"))},
+        new PruneRuleList{rule<PruneRule>("P1", equals("$file", "/g")), rule<PruneRule>("P2", equals("$caller", "/c"))},
+        nullptr);
     EXPECT_TRUE(rules.isPruned("/f", nullptr, "/c"));
     EXPECT_EQ(rules.getLastMatchText(), "P2");
     EXPECT_FALSE(rules.isPruned("/f", nullptr, "/d"));
@@ -93,33 +93,32 @@ TEST(ParsedRulesQuery, RulesWithoutConditionNeverHold) {
 
 TEST(ParsedRulesQuery, QueriesSeeTheFileItsPartsAndTheCaller) {
     ParsedRules rules(
-        new ExcludeRuleList{rule<ExcludeRule>(
-            "E", all({equals("$file", "/s/m.c"), equals("$dir", "/s"), equals("$name$ext", "m.c"),
-                      equals("$caller", "/s/top.c")}))},
+        new ExcludeRuleList{rule<ExcludeRule>("E", all({equals("$file", "/s/m.c"), equals("$dir", "/s"),
+                                                        equals("$name$ext", "m.c"), equals("$caller", "/s/top.c")}))},
         nullptr, nullptr);
     EXPECT_TRUE(rules.isExcluded("/s/m.c", "ignored", "/s/top.c"));
     EXPECT_FALSE(rules.isExcluded("/s/m.c", "ignored", "/s/other.c"));
 }
 
 TEST(ParsedRulesQuery, NullFileAndCallerAreEmpty) {
-    ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>("E", equals("[$file][$caller][$name]", "[][][]"))},
-                      nullptr, nullptr);
+    ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>("E", equals("[$file][$caller][$name]", "[][][]"))}, nullptr,
+                      nullptr);
     EXPECT_TRUE(rules.isExcluded(nullptr, nullptr, nullptr));
 }
 
 TEST(ParsedRulesQuery, UnsetRootGivesAnEmptyVantorAndARootToolbox) {
-    ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>(
-                          "E", all({equals("[$vantor]", "[]"), equals("$toolbox", "/toolbox"),
-                                    equals("[$cwd]", "[]")}))},
-                      nullptr, nullptr);
+    ParsedRules rules(
+        new ExcludeRuleList{rule<ExcludeRule>(
+            "E", all({equals("[$vantor]", "[]"), equals("$toolbox", "/toolbox"), equals("[$cwd]", "[]")}))},
+        nullptr, nullptr);
     EXPECT_TRUE(rules.isExcluded("/f", nullptr, nullptr));
 }
 
 TEST(ParsedRulesQuery, RootAndCwdReachTheBindings) {
-    ParsedRules rules(new ExcludeRuleList{rule<ExcludeRule>(
-                          "E", all({equals("$vantor", "/opt/v"), equals("$toolbox", "/opt/v/toolbox"),
-                                    equals("$cwd", "/work")}))},
-                      nullptr, nullptr);
+    ParsedRules rules(
+        new ExcludeRuleList{rule<ExcludeRule>(
+            "E", all({equals("$vantor", "/opt/v"), equals("$toolbox", "/opt/v/toolbox"), equals("$cwd", "/work")}))},
+        nullptr, nullptr);
     rules.setVantorRoot("/opt/v");
     EXPECT_FALSE(rules.isExcluded("/f", nullptr, nullptr));
     rules.setCwd("/work");
@@ -159,11 +158,11 @@ TEST(ParsedRulesQuery, IncludersExceptionPassesThroughGetIncludes) {
 TEST(ParsedRulesQuery, DestructionFreesEveryListRuleAndCondition) {
     Tracker tracker;
     PathList* paths = new PathList{new TrackedPath(tracker, "/a"), new TrackedPath(tracker, "/b")};
-    QuorelRules* rules = new ParsedRules(
-        new ExcludeRuleList{rule<ExcludeRule>("E1", new TrackedCondition(tracker, "e1", false)),
-                            rule<ExcludeRule>("E2", new TrackedCondition(tracker, "e2", false))},
-        new PruneRuleList{rule<PruneRule>("P", new TrackedCondition(tracker, "p", false))},
-        new IncludeRuleList{new IncludeRule(paths, new TrackedCondition(tracker, "i", false))});
+    QuorelRules* rules =
+        new ParsedRules(new ExcludeRuleList{rule<ExcludeRule>("E1", new TrackedCondition(tracker, "e1", false)),
+                                            rule<ExcludeRule>("E2", new TrackedCondition(tracker, "e2", false))},
+                        new PruneRuleList{rule<PruneRule>("P", new TrackedCondition(tracker, "p", false))},
+                        new IncludeRuleList{new IncludeRule(paths, new TrackedCondition(tracker, "i", false))});
     EXPECT_EQ(tracker.alive, 6);
     delete rules;
     EXPECT_EQ(tracker.alive, 0);

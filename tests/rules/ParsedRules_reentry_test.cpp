@@ -74,8 +74,7 @@ TEST(ParsedRulesReentry, AVariableBoundByTheIncluderCountsForTheRulesAfter) {
     std::unique_ptr<QuorelScript::Rules> rules = parsedRules();
     CallbackIncluder includer([&](const std::string&) { rules->bindVariable("pkg", "yes"); });
     rules->getIncludes("src/main.c", nullptr, includer);
-    EXPECT_EQ(includer.included,
-              (std::vector<std::string>{"src/main.h", "/r2/main.o", "src/extra.h", "src/bound.h"}));
+    EXPECT_EQ(includer.included, (std::vector<std::string>{"src/main.h", "/r2/main.o", "src/extra.h", "src/bound.h"}));
 }
 
 // The query copied the file's name when it began.

@@ -21,18 +21,17 @@ using QuorelScript::Parser;
 using QuorelScript::Rules;
 
 // Every shape of condition, as parsed and merged by precompute.
-const char script[] =
-    "exclude if $file in [$vantor/toolbox/, /usr/include/, $cwd/build/]\n"
-    "exclude if $ext == .o or $ext == .a\n"
-    "exclude if $dir == src/gen and not $name == keep\n"
-    "exclude if $file == $toolbox/lib/libtool$lib\n"
-    "exclude if not ($name$ext != x.c) and $caller == /src/main.c\n"
-    "exclude if $dir/$name.bak exists\n"
-    "prune if $dir in [/usr/lib, /lib] or $ext == $vrk\n"
-    "prune unless $file not in [/opt/v/, /work/] and true\n"
-    "include [$dir/$name.h, $dir/$name.inl] if $ext == .c\n"
-    "include $vantor/modules/$name$vrk if $dir == plugins\n"
-    "include /etc/none if false\n";
+const char script[] = "exclude if $file in [$vantor/toolbox/, /usr/include/, $cwd/build/]\n"
+                      "exclude if $ext == .o or $ext == .a\n"
+                      "exclude if $dir == src/gen and not $name == keep\n"
+                      "exclude if $file == $toolbox/lib/libtool$lib\n"
+                      "exclude if not ($name$ext != x.c) and $caller == /src/main.c\n"
+                      "exclude if $dir/$name.bak exists\n"
+                      "prune if $dir in [/usr/lib, /lib] or $ext == $vrk\n"
+                      "prune unless $file not in [/opt/v/, /work/] and true\n"
+                      "include [$dir/$name.h, $dir/$name.inl] if $ext == .c\n"
+                      "include $vantor/modules/$name$vrk if $dir == plugins\n"
+                      "include /etc/none if false\n";
 
 std::unique_ptr<Rules> preparedRules(bool precompute) {
     Parser parser;
@@ -54,9 +53,10 @@ public:
     std::size_t count = 0;
 };
 
-const std::vector<const char*> files = {"/opt/v/toolbox/include/a.h", "/work/src/main.c", "src/gen/parser.o",
-                                        "src/gen/keep.c",             "/usr/lib/libm.so", "plugins/audio.c",
-                                        "/nowhere/at/all.txt",        "",                 "  /work//build/x.c "};
+const std::vector<const char*> files = {
+    "/opt/v/toolbox/include/a.h", "/work/src/main.c", "src/gen/parser.o",    "src/gen/keep.c",
+    "/usr/lib/libm.so",           "plugins/audio.c",  "/nowhere/at/all.txt", "",
+    "  /work//build/x.c "};
 
 // The allocations of `queries` rounds of asking about every file, after one
 // round that may allocate.

@@ -44,8 +44,8 @@ double bestSecondsToPrecompute(const std::string& shape, int rules) {
 void expectLinear(const std::string& shape, int few) {
     const double fewSeconds = bestSecondsToPrecompute(shape, few);
     const double manySeconds = bestSecondsToPrecompute(shape, 16 * few);
-    EXPECT_LT(manySeconds, 64 * fewSeconds + 0.01) << shape << ": " << fewSeconds << " s against " << manySeconds
-                                                   << " s";
+    EXPECT_LT(manySeconds, 64 * fewSeconds + 0.01)
+        << shape << ": " << fewSeconds << " s against " << manySeconds << " s";
 }
 
 } // namespace

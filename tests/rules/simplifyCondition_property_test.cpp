@@ -25,10 +25,22 @@ class RandomConditions {
 public:
     RandomConditions(const TempTree& tree, std::mt19937& random) : random_(random) {
         const std::string root = tree.path();
-        paths_ = {root + "/a.txt",    root + "/sub",   root + "/none",   root + "/libm.so",
-                  root + "/$arch",    root,            "$file",          "$dir",
-                  "$dir/$name$ext",   "$dir/$name$vrk", "$caller",       "$cwd/a.txt",
-                  "$vantor/libm$lib", "$toolbox",      "${dir}/b.c",     "$unknown/a.txt"};
+        paths_ = {root + "/a.txt",
+                  root + "/sub",
+                  root + "/none",
+                  root + "/libm.so",
+                  root + "/$arch",
+                  root,
+                  "$file",
+                  "$dir",
+                  "$dir/$name$ext",
+                  "$dir/$name$vrk",
+                  "$caller",
+                  "$cwd/a.txt",
+                  "$vantor/libm$lib",
+                  "$toolbox",
+                  "${dir}/b.c",
+                  "$unknown/a.txt"};
     }
 
     Expression<bool>* condition(int depth) {
@@ -83,9 +95,9 @@ private:
 // the fixed variables.
 Bindings knownVariables(const std::string& root, const std::string& cwd) {
     Bindings known;
-    const std::pair<const char*, std::string> variables[] = {
-        {"vantor", root}, {"toolbox", root + "/toolbox"}, {"cwd", cwd},
-        {"arch", "ia32lx"}, {"lib", ".so"},               {"vrk", ".vrkilx"}};
+    const std::pair<const char*, std::string> variables[] = {{"vantor", root}, {"toolbox", root + "/toolbox"},
+                                                             {"cwd", cwd},     {"arch", "ia32lx"},
+                                                             {"lib", ".so"},   {"vrk", ".vrkilx"}};
     for (const auto& variable : variables)
         known.emplace(Path(std::string(variable.first)), Path(variable.second));
     return known;
@@ -104,8 +116,8 @@ TEST(simplifyConditionProperty, SimplifiedConditionsKeepTheirValue) {
     std::mt19937 random(20240611);
     RandomConditions conditions(tree, random);
     const std::vector<std::string> roots = {tree.path(), tree.path("sub")};
-    const std::vector<std::string> files = {tree.path("a.txt"), tree.path("sub/b.c"), tree.path("sub/x.h"),
-                                            tree.path("libm.so"), "b.c", ""};
+    const std::vector<std::string> files = {
+        tree.path("a.txt"), tree.path("sub/b.c"), tree.path("sub/x.h"), tree.path("libm.so"), "b.c", ""};
     const std::vector<std::string> callers = {"", tree.path("a.txt"), tree.path("sub/b.c")};
     auto any = [&random](const std::vector<std::string>& texts) {
         return texts[std::uniform_int_distribution<std::size_t>(0, texts.size() - 1)(random)];

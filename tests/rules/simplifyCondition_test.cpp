@@ -171,8 +171,7 @@ TEST(simplifyCondition, NegatedAndInAnOrIsDistributed) {
 }
 
 TEST(simplifyCondition, DistributedNegationsAreSimplified) {
-    const Owned result =
-        simplified(all({exists("$x"), negation(any({exists("$a"), negation(exists("$b"))}))}));
+    const Owned result = simplified(all({exists("$x"), negation(any({exists("$a"), negation(exists("$b"))}))}));
     EXPECT_EQ(printed(*result), "or([exists($x),not(exists($a)),exists($b)])");
 }
 
@@ -218,18 +217,18 @@ TEST(simplifyCondition, NaryNodeLeftWithOneOperandIsReplacedByIt) {
 TEST(simplifyCondition, EveryDiscardedNodeIsFreedAndEveryKeptOneKept) {
     Tracker tracker;
     {
-        const Owned result = simplified(both(
-            new TrackedCondition(tracker, "a", true),
-            all({truth(true), negation(any({new TrackedCondition(tracker, "b", true),
-                                            negation(new TrackedCondition(tracker, "c", true))})),
-                 new TrackedCondition(tracker, "d", true)})));
+        const Owned result = simplified(both(new TrackedCondition(tracker, "a", true),
+                                             all({truth(true),
+                                                  negation(any({new TrackedCondition(tracker, "b", true),
+                                                                negation(new TrackedCondition(tracker, "c", true))})),
+                                                  new TrackedCondition(tracker, "d", true)})));
         EXPECT_EQ(printed(*result), "or([a,not(b),c,d])");
         EXPECT_EQ(tracker.alive, 4);
     }
     EXPECT_EQ(tracker.alive, 0);
     {
-        const Owned result = simplified(all({new TrackedCondition(tracker, "a", true), truth(false),
-                                             new TrackedCondition(tracker, "b", true)}));
+        const Owned result = simplified(
+            all({new TrackedCondition(tracker, "a", true), truth(false), new TrackedCondition(tracker, "b", true)}));
         EXPECT_EQ(tracker.alive, 0);
     }
 }

@@ -12,9 +12,9 @@ namespace qxqr {
 // files of `walk`. (Given "--", the parser would hand both lists to the first
 // list of positionals, so the two lists are told apart here.)
 struct Arguments {
-    std::vector<const char*> parsed;    // argv[0] and every word before "--"
-    std::vector<std::string> operands;  // every word after "--"
-    bool separated = false;             // whether "--" was given
+    std::vector<const char*> parsed;   // argv[0] and every word before "--"
+    std::vector<std::string> operands; // every word after "--"
+    bool separated = false;            // whether "--" was given
 };
 
 Arguments splitAtSeparator(int argc, const char* const* argv);

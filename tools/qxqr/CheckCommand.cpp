@@ -9,14 +9,12 @@
 namespace qxqr {
 
 CheckCommand::CheckCommand(CommandLine& qxqr)
-    : ScriptsCommand(qxqr, "check", "Parse the scripts into one rule set and print it")
-{
+    : ScriptsCommand(qxqr, "check", "Parse the scripts into one rule set and print it") {
     command.flag("-q,--quiet", quiet, "print nothing; only the exit status tells");
     format.addOption(command);
 }
 
-Result CheckCommand::run(OperandReader&)
-{
+Result CheckCommand::run(OperandReader&) {
     std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
     Result result;
     if (quiet)

@@ -26,10 +26,10 @@ private:
 struct Palette {
     explicit Palette(bool on);
 
-    std::string holds;      // a true value
-    std::string fails;      // a false value
-    std::string unasked;    // what was not evaluated
-    std::string deciding;   // the rule that decided
+    std::string holds;    // a true value
+    std::string fails;    // a false value
+    std::string unasked;  // what was not evaluated
+    std::string deciding; // the rule that decided
     std::string reset;
 };
 

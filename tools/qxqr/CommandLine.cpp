@@ -7,101 +7,83 @@
 
 namespace qxqr {
 
-OptionDeclaration& OptionDeclaration::typeName(const std::string& name)
-{
+OptionDeclaration& OptionDeclaration::typeName(const std::string& name) {
     option->type_name(name);
     return *this;
 }
 
-OptionDeclaration& OptionDeclaration::check(ValueCheck check)
-{
+OptionDeclaration& OptionDeclaration::check(ValueCheck check) {
     option->check(std::move(check));
     return *this;
 }
 
-OptionDeclaration& OptionDeclaration::oneOf(const std::vector<std::string>& names)
-{
+OptionDeclaration& OptionDeclaration::oneOf(const std::vector<std::string>& names) {
     option->check(CLI::IsMember(names));
     return *this;
 }
 
-OptionDeclaration& OptionDeclaration::required(bool required)
-{
+OptionDeclaration& OptionDeclaration::required(bool required) {
     option->required(required);
     return *this;
 }
 
-OptionDeclaration& OptionDeclaration::oneValueEach()
-{
+OptionDeclaration& OptionDeclaration::oneValueEach() {
     option->allow_extra_args(false);
     return *this;
 }
 
-bool OptionDeclaration::given() const
-{
+bool OptionDeclaration::given() const {
     return option && option->count() > 0;
 }
 
 Subcommand::Subcommand(CommandLine& tool, const std::string& name, const std::string& description)
-    : app(tool.app->add_subcommand(name, description))
-{
-}
+    : app(tool.app->add_subcommand(name, description)) {}
 
-OptionDeclaration Subcommand::option(const std::string& names, std::string& value, const std::string& help)
-{
+OptionDeclaration Subcommand::option(const std::string& names, std::string& value, const std::string& help) {
     return OptionDeclaration(app->add_option(names, value, help));
 }
 
 OptionDeclaration Subcommand::option(const std::string& names, std::vector<std::string>& values,
-                                     const std::string& help)
-{
+                                     const std::string& help) {
     return OptionDeclaration(app->add_option(names, values, help));
 }
 
-OptionDeclaration Subcommand::option(const std::string& names, std::size_t& value, const std::string& help)
-{
+OptionDeclaration Subcommand::option(const std::string& names, std::size_t& value, const std::string& help) {
     return OptionDeclaration(app->add_option(names, value, help));
 }
 
-void Subcommand::flag(const std::string& names, bool& value, const std::string& help)
-{
+void Subcommand::flag(const std::string& names, bool& value, const std::string& help) {
     app->add_flag(names, value, help);
 }
 
-void Subcommand::footer(const std::string& text)
-{
+void Subcommand::footer(const std::string& text) {
     app->footer(text);
 }
 
-const std::string& Subcommand::name() const
-{
+const std::string& Subcommand::name() const {
     return app->get_name();
 }
 
-bool Subcommand::selected() const
-{
+bool Subcommand::selected() const {
     return app->parsed();
 }
 
 namespace {
 
 // "qxqr query" for a command line that chose query, "qxqr" otherwise.
-std::string commandPath(const CLI::App& qxqr)
-{
+std::string commandPath(const CLI::App& qxqr) {
     std::vector<CLI::App*> chosen = qxqr.get_subcommands();
     return chosen.empty() ? qxqr.get_name() : qxqr.get_name() + " " + chosen.front()->get_name();
 }
 
-std::string usageMessageOf(const CLI::App& qxqr, const std::string& problem)
-{
+std::string usageMessageOf(const CLI::App& qxqr, const std::string& problem) {
     return "qxqr: " + problem + "\nRun '" + commandPath(qxqr) + " --help' for more information.\n";
 }
 
 } // namespace
 
 CommandLine::CommandLine(const std::string& description, const std::string& version)
-    : app(std::make_unique<CLI::App>(description, "qxqr"))
-{
+    : app(std::make_unique<CLI::App>(description, "qxqr")) {
     app->require_subcommand(1);
     // "--version" stands alone: "qxqr --version extra" is bad usage.
     app->set_version_flag(
@@ -118,8 +100,7 @@ CommandLine::CommandLine(const std::string& description, const std::string& vers
 
 CommandLine::~CommandLine() = default;
 
-std::optional<Result> CommandLine::parse(const std::vector<const char*>& words)
-{
+std::optional<Result> CommandLine::parse(const std::vector<const char*>& words) {
     try {
         app->parse(static_cast<int>(words.size()), words.data());
         return std::nullopt;
@@ -130,8 +111,7 @@ std::optional<Result> CommandLine::parse(const std::vector<const char*>& words)
     }
 }
 
-std::string CommandLine::usageMessage(const std::string& problem) const
-{
+std::string CommandLine::usageMessage(const std::string& problem) const {
     return usageMessageOf(*app, problem);
 }
 

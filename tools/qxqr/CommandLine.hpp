@@ -17,7 +17,7 @@
 namespace CLI {
 class App;
 class Option;
-}
+} // namespace CLI
 
 namespace qxqr {
 

@@ -7,25 +7,21 @@ namespace {
 
 using QuorelScript::Observe::NodeKind;
 
-bool isConjunction(NodeKind kind)
-{
+bool isConjunction(NodeKind kind) {
     return kind == NodeKind::And || kind == NodeKind::AllOf;
 }
 
-bool isDisjunction(NodeKind kind)
-{
+bool isDisjunction(NodeKind kind) {
     return kind == NodeKind::Or || kind == NodeKind::AnyOf;
 }
 
-bool sameJunction(NodeKind a, NodeKind b)
-{
+bool sameJunction(NodeKind a, NodeKind b) {
     return (isConjunction(a) && isConjunction(b)) || (isDisjunction(a) && isDisjunction(b));
 }
 
 } // namespace
 
-std::vector<std::size_t> shownOperands(const QuorelScript::Observe::Condition& condition, std::size_t index)
-{
+std::vector<std::size_t> shownOperands(const QuorelScript::Observe::Condition& condition, std::size_t index) {
     const std::vector<QuorelScript::Observe::Node>& nodes = condition.nodes;
     const NodeKind kind = nodes[index].kind;
     std::vector<std::size_t> shown;
@@ -42,8 +38,7 @@ std::vector<std::size_t> shownOperands(const QuorelScript::Observe::Condition& c
     return shown;
 }
 
-std::string nodeName(const QuorelScript::Observe::Node& node)
-{
+std::string nodeName(const QuorelScript::Observe::Node& node) {
     switch (node.kind) {
     case NodeKind::And:
     case NodeKind::AllOf:
@@ -71,8 +66,7 @@ std::string nodeName(const QuorelScript::Observe::Node& node)
     return node.text;
 }
 
-std::string expansionName(QuorelScript::Observe::Expansion expansion)
-{
+std::string expansionName(QuorelScript::Observe::Expansion expansion) {
     using QuorelScript::Observe::Expansion;
     switch (expansion) {
     case Expansion::Directory:

@@ -9,24 +9,21 @@
 
 namespace qxqr {
 
-void Configuration::addOptions(Subcommand& command)
-{
-    rootOption = command.option("--root", root, "the installation root ($vantor; $toolbox is DIR/toolbox)")
-        .typeName("DIR");
-    cwdOption = command.option("--cwd", cwd, "the directory that $cwd names (default: the current directory)")
-        .typeName("DIR");
+void Configuration::addOptions(Subcommand& command) {
+    rootOption =
+        command.option("--root", root, "the installation root ($vantor; $toolbox is DIR/toolbox)").typeName("DIR");
+    cwdOption =
+        command.option("--cwd", cwd, "the directory that $cwd names (default: the current directory)").typeName("DIR");
     // One assignment an occurrence, so that the script after it stays a
     // script where the scripts may be none (deps).
     command.option("--set", assignments, "bind the variable NAME to VALUE in every condition (repeatable)")
         .typeName("NAME=VALUE")
         .oneValueEach()
         .check(checkAssignment);
-    command.flag("--precompute", precompute,
-                 "bind the known variables, merge and simplify the rules before querying");
+    command.flag("--precompute", precompute, "bind the known variables, merge and simplify the rules before querying");
 }
 
-void Configuration::apply(QuorelScript::Rules& rules) const
-{
+void Configuration::apply(QuorelScript::Rules& rules) const {
     if (rootOption.given())
         rules.setVantorRoot(root.c_str());
     if (cwdOption.given())
@@ -41,8 +38,7 @@ void Configuration::apply(QuorelScript::Rules& rules) const
         rules.precompute();
 }
 
-std::map<std::string, std::string> Configuration::setValues() const
-{
+std::map<std::string, std::string> Configuration::setValues() const {
     std::map<std::string, std::string> values;
     for (const std::string& assignment : assignments)
         values.insert(splitAssignment(assignment));

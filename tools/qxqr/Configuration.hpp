@@ -33,7 +33,7 @@ private:
     OptionDeclaration rootOption;
     std::string cwd;
     OptionDeclaration cwdOption;
-    std::vector<std::string> assignments;  // NAME=VALUE, checked by the parser
+    std::vector<std::string> assignments; // NAME=VALUE, checked by the parser
     bool precompute = false;
 };
 

@@ -16,8 +16,7 @@ namespace {
 // may be any bytes: the name is shown as text output shows it (quotedName:
 // valid UTF-8, no control character, one text for one name), then '"' and
 // '\' are escaped.
-std::string dotName(const std::string& name)
-{
+std::string dotName(const std::string& name) {
     std::string result = "\"";
     for (char character : quotedName(name)) {
         if (character == '"' || character == '\\')
@@ -27,15 +26,13 @@ std::string dotName(const std::string& name)
     return result + "\"";
 }
 
-std::string baseName(const std::string& path)
-{
+std::string baseName(const std::string& path) {
     std::string::size_type slash = path.rfind('/');
     return slash == std::string::npos || slash + 1 == path.size() ? path : path.substr(slash + 1);
 }
 
 // None: a need that nothing answers.
-const char* styleOf(std::optional<Fate> fate)
-{
+const char* styleOf(std::optional<Fate> fate) {
     if (!fate)
         return "style=\"dashed,bold\", color=red, fontcolor=red";
     switch (*fate) {
@@ -58,27 +55,24 @@ class DotOutput : public DependencyOutput {
 public:
     DotOutput() { writeStandardOutput("digraph dependencies {\n  node [shape=box, fontname=\"sans-serif\"];\n"); }
 
-    void met(const Dependency& dependency) override
-    {
+    void met(const Dependency& dependency) override {
         const std::string node = nodeOf(dependency);
         if (dependency.visit.caller && edges.emplace(*dependency.visit.caller, node).second)
             writeStandardOutput("  " + dotName(*dependency.visit.caller) + " -> " + dotName(node) +
                                 (dependency.link == Link::included ? " [style=dotted]" : "") + ";\n");
     }
 
-    void finish(const DependencyCounts&) override
-    {
+    void finish(const DependencyCounts&) override {
         std::string text;
         for (const std::string& node : order)
-            text += "  " + dotName(node) + " [label=" + dotName(baseName(node)) + ", tooltip=" + dotName(node) +
-                    ", " + styleOf(fates.at(node)) + "];\n";
+            text += "  " + dotName(node) + " [label=" + dotName(baseName(node)) + ", tooltip=" + dotName(node) + ", " +
+                    styleOf(fates.at(node)) + "];\n";
         writeStandardOutput(text + "}\n");
     }
 
 private:
     // A file reached by several paths is one node, named by the first.
-    std::string nodeOf(const Dependency& dependency)
-    {
+    std::string nodeOf(const Dependency& dependency) {
         std::optional<Fate> fate;
         std::string node = dependency.visit.file;
         if (dependency.found) {
@@ -94,15 +88,14 @@ private:
     }
 
     std::map<FileIdentity, std::string> names;
-    std::map<std::string, std::optional<Fate>> fates;  // by node
-    std::vector<std::string> order;                    // the nodes in the order first met
+    std::map<std::string, std::optional<Fate>> fates; // by node
+    std::vector<std::string> order;                   // the nodes in the order first met
     std::set<std::pair<std::string, std::string>> edges;
 };
 
 } // namespace
 
-std::unique_ptr<DependencyOutput> dotOutput()
-{
+std::unique_ptr<DependencyOutput> dotOutput() {
     return std::make_unique<DotOutput>();
 }
 

@@ -8,8 +8,7 @@ namespace qxqr {
 
 namespace {
 
-nlohmann::json asJson(const Dependency& dependency)
-{
+nlohmann::json asJson(const Dependency& dependency) {
     nlohmann::json item = {{"caller", nullptr},
                            {"fate", fateName(dependency)},
                            {"file", nullptr},
@@ -32,8 +31,7 @@ class JsonOutput : public DependencyOutput {
 public:
     void met(const Dependency& dependency) override { document.append(asJson(dependency)); }
 
-    void finish(const DependencyCounts& counts) override
-    {
+    void finish(const DependencyCounts& counts) override {
         document.finish({{"summary",
                           {{"kept", counts.of(Fate::kept)},
                            {"excluded", counts.of(Fate::excluded)},
@@ -47,8 +45,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<DependencyOutput> jsonOutput()
-{
+std::unique_ptr<DependencyOutput> jsonOutput() {
     return std::make_unique<JsonOutput>();
 }
 

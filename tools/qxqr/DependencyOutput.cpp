@@ -3,8 +3,7 @@
 
 namespace qxqr {
 
-const char* nameOf(Link link)
-{
+const char* nameOf(Link link) {
     switch (link) {
     case Link::interpreter:
         return "interpreter";
@@ -18,8 +17,7 @@ const char* nameOf(Link link)
     return "start";
 }
 
-const char* relationOf(Link link)
-{
+const char* relationOf(Link link) {
     switch (link) {
     case Link::interpreter:
         return "interpreter of ";
@@ -30,20 +28,17 @@ const char* relationOf(Link link)
     }
 }
 
-const char* fateName(const Dependency& dependency)
-{
+const char* fateName(const Dependency& dependency) {
     return dependency.found ? nameOf(dependency.visit.fate) : "not found";
 }
 
-bool FirstMeetings::first(const Dependency& dependency)
-{
+bool FirstMeetings::first(const Dependency& dependency) {
     if (dependency.found)
         return files.insert(dependency.identity).second;
     return missing.emplace(dependency.name, dependency.visit.caller.value_or("")).second;
 }
 
-void DependencyCounts::count(const Dependency& dependency)
-{
+void DependencyCounts::count(const Dependency& dependency) {
     if (!dependency.found) {
         if (needs.first(dependency))
             ++notFoundCount;
@@ -54,8 +49,7 @@ void DependencyCounts::count(const Dependency& dependency)
         place->second = dependency.visit.fate;
 }
 
-std::size_t DependencyCounts::of(Fate fate) const
-{
+std::size_t DependencyCounts::of(Fate fate) const {
     std::size_t count = 0;
     for (const auto& file : fates)
         count += file.second == fate;

@@ -11,8 +11,7 @@ namespace {
 // so it is told on standard error instead, where the exit status points.
 class PathsOutput : public DependencyOutput {
 public:
-    void met(const Dependency& dependency) override
-    {
+    void met(const Dependency& dependency) override {
         if (dependency.link == Link::start || !meetings.first(dependency))
             return;
         if (dependency.found)
@@ -32,8 +31,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<DependencyOutput> pathsOutput()
-{
+std::unique_ptr<DependencyOutput> pathsOutput() {
     return std::make_unique<PathsOutput>();
 }
 

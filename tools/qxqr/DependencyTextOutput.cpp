@@ -12,8 +12,7 @@ class TextOutput : public DependencyOutput {
 public:
     explicit TextOutput(bool explain) : explain(explain) {}
 
-    void met(const Dependency& dependency) override
-    {
+    void met(const Dependency& dependency) override {
         std::string text = quotedName(dependency.visit.file) + ": " + fateName(dependency);
         if (dependency.visit.caller)
             text += " (" + std::string(relationOf(dependency.link)) + quotedName(*dependency.visit.caller) + ")";
@@ -23,12 +22,11 @@ public:
         writeStandardOutput(text);
     }
 
-    void finish(const DependencyCounts& counts) override
-    {
+    void finish(const DependencyCounts& counts) override {
         writeStandardOutput(std::to_string(counts.of(Fate::kept)) + " kept, " +
                             std::to_string(counts.of(Fate::excluded)) + " excluded, " +
-                            std::to_string(counts.of(Fate::pruned)) + " pruned, " +
-                            std::to_string(counts.notFound()) + " not found\n");
+                            std::to_string(counts.of(Fate::pruned)) + " pruned, " + std::to_string(counts.notFound()) +
+                            " not found\n");
     }
 
 private:
@@ -37,8 +35,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<DependencyOutput> textOutput(bool explain)
-{
+std::unique_ptr<DependencyOutput> textOutput(bool explain) {
     return std::make_unique<TextOutput>(explain);
 }
 

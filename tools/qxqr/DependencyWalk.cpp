@@ -20,8 +20,7 @@ class DependencyWalk::Process {
 public:
     Process(DependencyWalk& walk, const DependencyReport& report) : walk(walk), report(report) {}
 
-    void run(const std::string& start)
-    {
+    void run(const std::string& start) {
         const ElfFile& file = walk.files.at(start);
         if (file.state != ElfFile::State::elf) {
             problem(start, reasonOf(file));
@@ -64,8 +63,7 @@ private:
     // running program, with every link resolved.
     std::string programOrigin() const { return originOf(walk.search.realSystemPath(start)); }
 
-    static std::string reasonOf(const ElfFile& file)
-    {
+    static std::string reasonOf(const ElfFile& file) {
         switch (file.state) {
         case ElfFile::State::absent:
             return std::strerror(ENOENT);
@@ -79,22 +77,19 @@ private:
     // A file that cannot be used is told once in a walk, with the first file
     // that led to it: every object that needs its name, in this process or
     // another, finds it again and would tell the same.
-    void problem(const std::string& file, const std::string& reason)
-    {
+    void problem(const std::string& file, const std::string& reason) {
         if (walk.filesTold.insert(file).second)
             report.problem(file, reason);
     }
 
-    MetFile& meet(const std::string& name, Link link, const ElfFile& file, Visit verdict)
-    {
+    MetFile& meet(const std::string& name, Link link, const ElfFile& file, Visit verdict) {
         std::optional<std::string> soname = file.object ? file.object->soname : std::nullopt;
         closure.push_back({{start, name, link, true, std::move(verdict), soname, file.identity, file.location}});
         metByIdentity.emplace(file.identity, &closure.back());
         return closure.back();
     }
 
-    void meetNothing(const std::string& name, Link link, const std::string& caller)
-    {
+    void meetNothing(const std::string& name, Link link, const std::string& caller) {
         closure.push_back(
             {{start, name, link, false, Visit{name, caller, Fate::kept, std::nullopt, {}}, std::nullopt, {}, ""}});
     }
@@ -103,11 +98,10 @@ private:
     // not the directory of `path`.
     const LoadedObject& load(const std::string& path, const std::string& asked, const ElfFile& file,
                              const LoadedObject* loader, MetFile& met,
-                             std::optional<std::string> origin = std::nullopt)
-    {
+                             std::optional<std::string> origin = std::nullopt) {
         const ElfObject& object = *file.object;
-        loaded.push_back({path, &object,
-                          {origin ? *origin : originOf(path), platform.libToken, platform.platformToken}, loader});
+        loaded.push_back(
+            {path, &object, {origin ? *origin : originOf(path), platform.libToken, platform.platformToken}, loader});
         for (const std::string& name : {path, asked})
             answering.emplace(name, &met);
         if (object.soname)
@@ -115,8 +109,7 @@ private:
         return loaded.back();
     }
 
-    void follow(const MetFile& next)
-    {
+    void follow(const MetFile& next) {
         if (next.object) {
             for (const std::string& name : next.object->object->needed)
                 meetNeed(name, Link::needed, next);
@@ -125,8 +118,7 @@ private:
             meetInclude(included, next);
     }
 
-    void meetNeed(const std::string& name, Link link, const MetFile& caller)
-    {
+    void meetNeed(const std::string& name, Link link, const MetFile& caller) {
         auto answered = answering.find(name);
         if (answered != answering.end()) {
             reconsider(*answered->second, name, link, caller.file());
@@ -155,8 +147,7 @@ private:
             waiting.push_back(&met);
     }
 
-    void meetInclude(const std::string& included, const MetFile& caller)
-    {
+    void meetInclude(const std::string& included, const MetFile& caller) {
         const ElfFile& found = walk.files.at(included);
         if (found.state == ElfFile::State::absent) {
             meetNothing(included, Link::included, caller.file());
@@ -185,8 +176,7 @@ private:
     // caller what they left out or pruned for an earlier one (a rule on
     // $caller); what any caller keeps is kept, and followed from the
     // caller that keeps it. The loaded object stays the one first loaded.
-    void reconsider(MetFile& met, const std::string& name, Link link, const std::string& caller)
-    {
+    void reconsider(MetFile& met, const std::string& name, Link link, const std::string& caller) {
         if (met.fate() == Fate::kept || met.dependency.visit.caller == caller)
             return;
         Visit verdict = walk.decide(met.file(), &caller);
@@ -205,31 +195,26 @@ private:
     ElfKind kind;
     LoaderPlatform platform;
     // Deques keep every element where it is, for the pointers below.
-    std::deque<MetFile> closure;  // in the order first met
+    std::deque<MetFile> closure; // in the order first met
     std::deque<LoadedObject> loaded;
     std::map<FileIdentity, MetFile*> metByIdentity;
-    std::unordered_map<std::string, MetFile*> answering;  // the names that a loaded object answers
+    std::unordered_map<std::string, MetFile*> answering; // the names that a loaded object answers
     std::deque<MetFile*> waiting;
 };
 
-bool keepsMore(Fate fate, Fate than)
-{
+bool keepsMore(Fate fate, Fate than) {
     auto rank = [](Fate of) { return of == Fate::kept ? 2 : of == Fate::pruned ? 1 : 0; };
     return rank(fate) > rank(than);
 }
 
 DependencyWalk::DependencyWalk(QuorelScript::Rules* rules, LibrarySearch& search, ElfFiles& files)
-    : rules(rules), search(search), files(files)
-{
-}
+    : rules(rules), search(search), files(files) {}
 
-void DependencyWalk::walkFrom(const std::string& start, const DependencyReport& report)
-{
+void DependencyWalk::walkFrom(const std::string& start, const DependencyReport& report) {
     Process(*this, report).run(start);
 }
 
-Visit DependencyWalk::decide(const std::string& file, const std::string* caller)
-{
+Visit DependencyWalk::decide(const std::string& file, const std::string* caller) {
     if (rules)
         return visit(*rules, file, caller);
     return Visit{file, caller ? std::optional<std::string>(*caller) : std::nullopt, Fate::kept, std::nullopt, {}};

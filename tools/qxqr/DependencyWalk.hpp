@@ -20,14 +20,14 @@ enum class Link { start, interpreter, needed, included };
 
 // One file of a start file's closure, or a need that nothing answers.
 struct Dependency {
-    std::string start;                // the start file whose closure it is in
-    std::string name;                 // what was asked for: the needed name, the interpreter, the include
+    std::string start; // the start file whose closure it is in
+    std::string name;  // what was asked for: the needed name, the interpreter, the include
     Link link = Link::start;
-    bool found = true;                // false: `visit.file` is the name, and nothing answers it
-    Visit visit;                      // the file (where found), the file that led to it, its fate
+    bool found = true; // false: `visit.file` is the name, and nothing answers it
+    Visit visit;       // the file (where found), the file that led to it, its fate
     std::optional<std::string> soname;
     FileIdentity identity;
-    std::string location;             // the file to read for `visit.file` (see ElfFile)
+    std::string location; // the file to read for `visit.file` (see ElfFile)
 };
 
 // What a walk tells: each file of a start file's closure (once the closure
@@ -82,7 +82,7 @@ private:
     QuorelScript::Rules* rules;
     LibrarySearch& search;
     ElfFiles& files;
-    std::set<std::string> filesTold;  // the files that cannot be used, told already
+    std::set<std::string> filesTold; // the files that cannot be used, told already
 };
 
 } // namespace qxqr

@@ -18,8 +18,7 @@ namespace qxqr {
 
 namespace {
 
-std::unique_ptr<DependencyOutput> outputFor(const std::string& format, bool explain)
-{
+std::unique_ptr<DependencyOutput> outputFor(const std::string& format, bool explain) {
     if (format == "json")
         return jsonOutput();
     if (format == "paths")
@@ -30,8 +29,7 @@ std::unique_ptr<DependencyOutput> outputFor(const std::string& format, bool expl
 }
 
 // "/" and "" both mean the running system's own root.
-std::string withoutTrailingSlashes(std::string directory)
-{
+std::string withoutTrailingSlashes(std::string directory) {
     while (!directory.empty() && directory.back() == '/')
         directory.pop_back();
     return directory;
@@ -41,36 +39,32 @@ std::string withoutTrailingSlashes(std::string directory)
 
 DepsCommand::DepsCommand(CommandLine& qxqr)
     : ScriptsCommand(qxqr, "deps", "Find the shared libraries that programs need and tell each one's fate", "FILE",
-                     /*scriptsOptional=*/true)
-{
+                     /*scriptsOptional=*/true) {
     configuration.addOptions(command);
     command.flag("--explain", explain, "show the rule that excluded or pruned a file");
     format.addOption(command, {"text", "json", "paths", "dot"});
-    libraryPathOption =
-        command
-            .option("--ld-library-path", givenLibraryPath,
-                    "the directories LD_LIBRARY_PATH gives the loader (default: the environment's)")
-            .typeName("LIST");
+    libraryPathOption = command
+                            .option("--ld-library-path", givenLibraryPath,
+                                    "the directories LD_LIBRARY_PATH gives the loader (default: the environment's)")
+                            .typeName("LIST");
     command.option("--sysroot", sysroot, "find everything under DIR, as a system installed there would")
         .typeName("DIR");
-    copyToOption = command.option("--copy-to", copyTo, "copy every kept library into DIR, named by its soname")
-        .typeName("DIR");
+    copyToOption =
+        command.option("--copy-to", copyTo, "copy every kept library into DIR, named by its soname").typeName("DIR");
     command.flag("--allow-missing", allowMissing, "a library that is not found is no failure");
     command.footer("The files follow '--': qxqr deps [OPTIONS] [SCRIPT...] -- FILE...\n"
                    "A FILE of '-' reads file names from standard input, one a line.\n"
                    "Without a SCRIPT, every file is kept and followed. Nothing is executed.");
 }
 
-std::string DepsCommand::libraryPath() const
-{
+std::string DepsCommand::libraryPath() const {
     if (libraryPathOption.given())
         return givenLibraryPath;
     const char* environment = std::getenv("LD_LIBRARY_PATH");
     return environment ? environment : "";
 }
 
-Result DepsCommand::run(OperandReader& starts)
-{
+Result DepsCommand::run(OperandReader& starts) {
     std::unique_ptr<QuorelScript::Rules> rules;
     if (!scripts.empty()) {
         rules = loadRules(scripts);

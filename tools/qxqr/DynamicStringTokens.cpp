@@ -8,15 +8,13 @@ namespace qxqr {
 
 namespace {
 
-bool continuesName(char character)
-{
+bool continuesName(char character) {
     return std::isalnum(static_cast<unsigned char>(character)) || character == '_';
 }
 
 // The length of the token `name` written at `position` just after a '$',
 // as NAME or {NAME}; 0 when another name, or a longer one, stands there.
-std::size_t tokenLength(const std::string& text, std::size_t position, const std::string& name)
-{
+std::size_t tokenLength(const std::string& text, std::size_t position, const std::string& name) {
     if (text.compare(position, name.size() + 2, "{" + name + "}") == 0)
         return name.size() + 2;
     if (text.compare(position, name.size(), name) != 0)
@@ -27,8 +25,7 @@ std::size_t tokenLength(const std::string& text, std::size_t position, const std
 
 } // namespace
 
-std::optional<std::string> DynamicStringTokens::expand(const std::string& text) const
-{
+std::optional<std::string> DynamicStringTokens::expand(const std::string& text) const {
     const std::pair<std::string, const std::string*> tokens[] = {
         {"ORIGIN", &origin}, {"LIB", &lib}, {"PLATFORM", &platform}};
     std::string expanded;
@@ -56,8 +53,7 @@ std::optional<std::string> DynamicStringTokens::expand(const std::string& text) 
     return expanded;
 }
 
-std::vector<std::string> DynamicStringTokens::directories(const std::string& list, const char* separators) const
-{
+std::vector<std::string> DynamicStringTokens::directories(const std::string& list, const char* separators) const {
     std::vector<std::string> result;
     std::size_t start = 0;
     while (true) {
@@ -72,11 +68,9 @@ std::vector<std::string> DynamicStringTokens::directories(const std::string& lis
     }
 }
 
-std::string originOf(const std::string& path)
-{
+std::string originOf(const std::string& path) {
     std::filesystem::path absolute = std::filesystem::absolute(path);
     return absolute.parent_path().string();
 }
 
 } // namespace qxqr
-

@@ -13,9 +13,9 @@ namespace qxqr {
 // object: the directory the object was loaded from, and two values of the
 // platform (LoaderPlatform).
 struct DynamicStringTokens {
-    std::string origin;    // the object's directory, absolute
+    std::string origin; // the object's directory, absolute
     std::string lib;
-    std::string platform;  // empty when the platform is not known
+    std::string platform; // empty when the platform is not known
 
     // `text` with every token replaced. A token is recognised only where
     // its name ends (not followed by a letter, digit or '_'); "$ORIGINAL"

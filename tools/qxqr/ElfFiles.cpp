@@ -14,8 +14,7 @@ namespace qxqr {
 
 ElfFiles::ElfFiles(std::string root) : root(std::move(root)) {}
 
-ElfFile ElfFiles::look(const std::string& path) const
-{
+ElfFile ElfFiles::look(const std::string& path) const {
     ElfFile file;
     file.location = path;
     std::optional<std::string> inRoot = root.empty() ? std::nullopt : systemPathUnder(root, path);
@@ -44,15 +43,14 @@ ElfFile ElfFiles::look(const std::string& path) const
     } catch (const NotElfError&) {
         file.state = ElfFile::State::notElf;
     } catch (const ElfError& error) {
-        file.state = access(location.c_str(), R_OK) != 0 && errno == EACCES ? ElfFile::State::denied
-                                                                        : ElfFile::State::broken;
+        file.state =
+            access(location.c_str(), R_OK) != 0 && errno == EACCES ? ElfFile::State::denied : ElfFile::State::broken;
         file.problem = error.what();
     }
     return file;
 }
 
-const ElfFile& ElfFiles::at(const std::string& path)
-{
+const ElfFile& ElfFiles::at(const std::string& path) {
     auto found = files.find(path);
     if (found == files.end())
         found = files.emplace(path, look(path)).first;

@@ -20,8 +20,7 @@ struct FileIdentity {
     ino_t inode = 0;
 
     bool operator==(const FileIdentity& other) const { return device == other.device && inode == other.inode; }
-    bool operator<(const FileIdentity& other) const
-    {
+    bool operator<(const FileIdentity& other) const {
         return device != other.device ? device < other.device : inode < other.inode;
     }
 };
@@ -29,14 +28,14 @@ struct FileIdentity {
 // What one path leads to.
 struct ElfFile {
     enum class State {
-        absent,  // nothing there: the loader looks further
-        denied,  // there, but not ours to read: the loader looks further too
-        broken,  // there, but unreadable or a malformed ELF file: `problem` says why
-        notElf,  // a readable file of another kind
-        elf,     // `object` holds what it says
+        absent, // nothing there: the loader looks further
+        denied, // there, but not ours to read: the loader looks further too
+        broken, // there, but unreadable or a malformed ELF file: `problem` says why
+        notElf, // a readable file of another kind
+        elf,    // `object` holds what it says
     };
     State state = State::absent;
-    std::string location;  // the file read: under the root, the path with its links followed inside it
+    std::string location; // the file read: under the root, the path with its links followed inside it
     FileIdentity identity;
     std::optional<ElfObject> object;
     std::string problem;

@@ -16,14 +16,12 @@ namespace qxqr {
 
 namespace {
 
-std::string libelfMessage()
-{
+std::string libelfMessage() {
     const char* message = elf_errmsg(-1);
     return message ? message : "unknown libelf error";
 }
 
-void startLibelf()
-{
+void startLibelf() {
     static const bool started = elf_version(EV_CURRENT) != EV_NONE;
     if (!started)
         throw ElfError("libelf does not know the current ELF version");
@@ -32,8 +30,7 @@ void startLibelf()
 // The first bytes of a file, before libelf sees them: a file without the
 // ELF magic number is a file of another kind; one with it but shorter than
 // its header is a broken ELF file, which libelf would only call invalid.
-void checkStart(const char* bytes, std::size_t size)
-{
+void checkStart(const char* bytes, std::size_t size) {
     if (size < SELFMAG || std::memcmp(bytes, ELFMAG, SELFMAG) != 0)
         throw NotElfError();
     const std::size_t headerSize =
@@ -48,8 +45,7 @@ public:
     // Opened without waiting: a FIFO would otherwise wait for a writer, and
     // a terminal would become the process's own.
     explicit ReadOnlyFile(const std::string& path)
-        : descriptor(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC))
-    {
+        : descriptor(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)) {
         if (descriptor < 0)
             throw ElfError(std::strerror(errno));
         struct stat status;
@@ -65,8 +61,7 @@ public:
     int get() const { return descriptor; }
 
     // The first bytes of the file, as many as an ELF header takes at most.
-    std::string start() const
-    {
+    std::string start() const {
         char bytes[sizeof(Elf64_Ehdr)];
         ssize_t size = pread(descriptor, bytes, sizeof bytes, 0);
         if (size < 0)
@@ -81,8 +76,7 @@ private:
 // libelf's handle on one file or buffer, ended when it goes.
 class ElfHandle {
 public:
-    explicit ElfHandle(Elf* elf) : elf(elf)
-    {
+    explicit ElfHandle(Elf* elf) : elf(elf) {
         if (!elf)
             throw ElfError(libelfMessage());
     }
@@ -110,8 +104,7 @@ class Reader {
 public:
     explicit Reader(Elf* elf) : elf(elf) {}
 
-    ElfObject read()
-    {
+    ElfObject read() {
         ElfObject object;
         readHeader(object);
         readProgramHeaders();
@@ -129,8 +122,7 @@ public:
     }
 
 private:
-    void readHeader(ElfObject& object)
-    {
+    void readHeader(ElfObject& object) {
         if (elf_kind(elf) != ELF_K_ELF)
             throw ElfError("an ELF header of an unknown class or byte order");
         GElf_Ehdr header;
@@ -142,8 +134,7 @@ private:
         object.type = header.e_type;
     }
 
-    void readProgramHeaders()
-    {
+    void readProgramHeaders() {
         std::size_t count = 0;
         if (elf_getphdrnum(elf, &count) != 0)
             throw ElfError("unreadable program headers: " + libelfMessage());
@@ -156,8 +147,7 @@ private:
     }
 
     // `size` bytes at `offset` of the file, in the host's form of `type`.
-    Elf_Data* chunk(GElf_Off offset, GElf_Xword size, Elf_Type type, const char* what)
-    {
+    Elf_Data* chunk(GElf_Off offset, GElf_Xword size, Elf_Type type, const char* what) {
         Elf_Data* data = elf_getdata_rawchunk(elf, static_cast<int64_t>(offset), size, type);
         if (!data)
             throw ElfError(std::string(what) + " at offset " + std::to_string(offset) + ", " + std::to_string(size) +
@@ -165,8 +155,7 @@ private:
         return data;
     }
 
-    std::string interpreterOf(const GElf_Phdr& header)
-    {
+    std::string interpreterOf(const GElf_Phdr& header) {
         if (header.p_filesz == 0)
             throw ElfError("the interpreter's name is empty");
         Elf_Data* data = chunk(header.p_offset, header.p_filesz, ELF_T_BYTE, "the interpreter's name");
@@ -177,8 +166,7 @@ private:
         return std::string(bytes, static_cast<const char*>(end));
     }
 
-    void readDynamic(const GElf_Phdr& header, ElfObject& object)
-    {
+    void readDynamic(const GElf_Phdr& header, ElfObject& object) {
         if (header.p_filesz == 0)
             return;
         Elf_Data* data = chunk(header.p_offset, header.p_filesz, ELF_T_DYN, "the dynamic section");
@@ -197,8 +185,7 @@ private:
         object.runpath = strings.at(entries.runpath);
     }
 
-    static void take(const GElf_Dyn& entry, DynamicEntries& entries)
-    {
+    static void take(const GElf_Dyn& entry, DynamicEntries& entries) {
         // The entries that give the string table offset of one name.
         static const std::pair<GElf_Sxword, std::optional<GElf_Xword> DynamicEntries::*> names[] = {
             {DT_SONAME, &DynamicEntries::soname},
@@ -231,8 +218,7 @@ private:
     public:
         StringTable(const char* bytes, std::size_t size) : bytes(bytes), size(size) {}
 
-        std::string at(GElf_Xword offset) const
-        {
+        std::string at(GElf_Xword offset) const {
             if (offset >= size)
                 throw ElfError("string table index " + std::to_string(offset) + " out of range (size " +
                                std::to_string(size) + ")");
@@ -243,8 +229,7 @@ private:
         }
 
         // The string at `offset`, when there is one.
-        std::optional<std::string> at(std::optional<GElf_Xword> offset) const
-        {
+        std::optional<std::string> at(std::optional<GElf_Xword> offset) const {
             if (!offset)
                 return std::nullopt;
             return at(*offset);
@@ -255,8 +240,7 @@ private:
         std::size_t size;
     };
 
-    StringTable stringTable(const DynamicEntries& entries)
-    {
+    StringTable stringTable(const DynamicEntries& entries) {
         if (!entries.stringTable)
             throw ElfError("the dynamic section names strings but has no string table");
         if (entries.stringTableSize == 0)
@@ -267,14 +251,12 @@ private:
     }
 
     // Where the loaded segment that holds `address` has it in the file.
-    GElf_Off fileOffsetOf(GElf_Addr address) const
-    {
+    GElf_Off fileOffsetOf(GElf_Addr address) const {
         for (const GElf_Phdr& header : programHeaders) {
             if (header.p_type == PT_LOAD && address >= header.p_vaddr && address - header.p_vaddr < header.p_filesz)
                 return header.p_offset + (address - header.p_vaddr);
         }
-        throw ElfError("the dynamic string table's address " + std::to_string(address) +
-                       " lies in no loaded segment");
+        throw ElfError("the dynamic string table's address " + std::to_string(address) + " lies in no loaded segment");
     }
 
     Elf* elf;
@@ -283,8 +265,7 @@ private:
 
 } // namespace
 
-ElfObject readElfFile(const std::string& path)
-{
+ElfObject readElfFile(const std::string& path) {
     startLibelf();
     ReadOnlyFile file(path);
     const std::string start = file.start();
@@ -293,8 +274,7 @@ ElfObject readElfFile(const std::string& path)
     return Reader(elf.get()).read();
 }
 
-ElfObject readElfMemory(const char* bytes, std::size_t size)
-{
+ElfObject readElfMemory(const char* bytes, std::size_t size) {
     startLibelf();
     checkStart(bytes, size);
     // libelf takes the buffer as writable; a copy keeps the caller's intact.

@@ -13,12 +13,11 @@ namespace qxqr {
 // What tells apart the objects that one process can load together: a
 // 64-bit x86 program loads only 64-bit x86 libraries.
 struct ElfKind {
-    unsigned char elfClass = 0;   // ELFCLASS32 or ELFCLASS64
-    unsigned char byteOrder = 0;  // ELFDATA2LSB or ELFDATA2MSB
-    unsigned machine = 0;         // EM_X86_64, EM_386, ...
+    unsigned char elfClass = 0;  // ELFCLASS32 or ELFCLASS64
+    unsigned char byteOrder = 0; // ELFDATA2LSB or ELFDATA2MSB
+    unsigned machine = 0;        // EM_X86_64, EM_386, ...
 
-    bool operator==(const ElfKind& other) const
-    {
+    bool operator==(const ElfKind& other) const {
         return elfClass == other.elfClass && byteOrder == other.byteOrder && machine == other.machine;
     }
     bool operator!=(const ElfKind& other) const { return !(*this == other); }
@@ -32,13 +31,13 @@ struct ElfKind {
 // either class into the host's form.
 struct ElfObject {
     ElfKind kind;
-    unsigned type = 0;  // ET_EXEC, ET_DYN, ...
+    unsigned type = 0; // ET_EXEC, ET_DYN, ...
     std::optional<std::string> interpreter;
-    std::vector<std::string> needed;  // DT_NEEDED, in order
+    std::vector<std::string> needed; // DT_NEEDED, in order
     std::optional<std::string> soname;
     std::optional<std::string> rpath;
     std::optional<std::string> runpath;
-    bool noDefaultLibraries = false;  // DF_1_NODEFLIB: no cache and no default directories
+    bool noDefaultLibraries = false; // DF_1_NODEFLIB: no cache and no default directories
 };
 
 // An ELF file that cannot be read: not ELF at all, cut short, or with an

@@ -8,16 +8,15 @@
 namespace qxqr {
 
 FileCommand::FileCommand(CommandLine& qxqr, const std::string& name, const std::string& description)
-    : ScriptsCommand(qxqr, name, description, "FILE")
-{
+    : ScriptsCommand(qxqr, name, description, "FILE") {
     configuration.addOptions(command);
     callerOption = command.option("--caller", caller, "the file that refers to each FILE ($caller)").typeName("FILE");
-    command.footer("The files follow '--': qxqr " + name + " [OPTIONS] SCRIPT... -- FILE...\n"
+    command.footer("The files follow '--': qxqr " + name +
+                   " [OPTIONS] SCRIPT... -- FILE...\n"
                    "A FILE of '-' reads file names from standard input, one a line.");
 }
 
-Result FileCommand::run(OperandReader& files)
-{
+Result FileCommand::run(OperandReader& files) {
     std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
     rulesLoaded(*rules);
     configuration.apply(*rules);
@@ -33,12 +32,9 @@ Result FileCommand::run(OperandReader& files)
     return {};
 }
 
-void FileCommand::rulesLoaded(const QuorelScript::Rules&)
-{
-}
+void FileCommand::rulesLoaded(const QuorelScript::Rules&) {}
 
-const char* FileCommand::callerOrNull() const
-{
+const char* FileCommand::callerOrNull() const {
     return callerOption.given() ? caller.c_str() : nullptr;
 }
 

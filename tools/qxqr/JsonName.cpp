@@ -8,15 +8,13 @@
 
 namespace qxqr {
 
-void putName(nlohmann::json& object, const std::string& key, const std::string& name)
-{
+void putName(nlohmann::json& object, const std::string& key, const std::string& name) {
     object[key] = name;
     if (!isValidUtf8(name))
         object[key + "_base64"] = base64(name);
 }
 
-void putNames(nlohmann::json& object, const std::string& key, const std::vector<std::string>& names)
-{
+void putNames(nlohmann::json& object, const std::string& key, const std::vector<std::string>& names) {
     object[key] = names;
     if (std::all_of(names.begin(), names.end(), isValidUtf8))
         return;

@@ -12,8 +12,7 @@ namespace qxqr {
 
 namespace fs = std::filesystem;
 
-LibraryCopy::LibraryCopy(std::string directory) : directory(std::move(directory))
-{
+LibraryCopy::LibraryCopy(std::string directory) : directory(std::move(directory)) {
     std::error_code error;
     fs::create_directories(this->directory, error);
     if (error || !fs::is_directory(this->directory))
@@ -25,21 +24,18 @@ namespace {
 
 // A soname is the library's own word and may be anything; only a plain
 // file name may name the copy, so that nothing lands outside the directory.
-bool isPlainName(const std::string& name)
-{
+bool isPlainName(const std::string& name) {
     return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
 }
 
 } // namespace
 
-std::string LibraryCopy::take(const Dependency& dependency)
-{
+std::string LibraryCopy::take(const Dependency& dependency) {
     if (!dependency.found || dependency.link == Link::start || dependency.visit.fate == Fate::excluded)
         return std::string();
     const std::string& file = dependency.visit.file;
-    const std::string name = dependency.soname && isPlainName(*dependency.soname)
-                                 ? *dependency.soname
-                                 : fs::path(file).filename().string();
+    const std::string name =
+        dependency.soname && isPlainName(*dependency.soname) ? *dependency.soname : fs::path(file).filename().string();
     auto [place, isNew] = copied.emplace(name, dependency.identity);
     if (!isNew)
         return place->second == dependency.identity

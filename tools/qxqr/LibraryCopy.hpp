@@ -26,7 +26,7 @@ public:
 
 private:
     std::string directory;
-    std::map<std::string, FileIdentity> copied;  // by the name in the directory
+    std::map<std::string, FileIdentity> copied; // by the name in the directory
 };
 
 } // namespace qxqr

@@ -13,19 +13,16 @@ namespace qxqr {
 
 namespace {
 
-void append(std::vector<std::string>& to, const std::vector<std::string>& more)
-{
+void append(std::vector<std::string>& to, const std::vector<std::string>& more) {
     to.insert(to.end(), more.begin(), more.end());
 }
 
-std::string joined(const std::string& directory, const std::string& name)
-{
+std::string joined(const std::string& directory, const std::string& name) {
     return directory.empty() || directory.back() == '/' ? directory + name : directory + "/" + name;
 }
 
 // ET_EXEC, ET_REL, ET_CORE, or the number of another type.
-std::string typeName(unsigned type)
-{
+std::string typeName(unsigned type) {
     switch (type) {
     case ET_EXEC:
         return "ET_EXEC";
@@ -38,8 +35,7 @@ std::string typeName(unsigned type)
     }
 }
 
-const LoadedObject& programOf(const LoadedObject& object)
-{
+const LoadedObject& programOf(const LoadedObject& object) {
     const LoadedObject* program = &object;
     while (program->loader)
         program = program->loader;
@@ -50,18 +46,15 @@ const LoadedObject& programOf(const LoadedObject& object)
 
 LibrarySearch::LibrarySearch(SearchSettings settings, ElfFiles& files) : settings(std::move(settings)), files(files) {}
 
-std::string LibrarySearch::hostPath(const std::string& systemPath) const
-{
+std::string LibrarySearch::hostPath(const std::string& systemPath) const {
     return !systemPath.empty() && systemPath.front() == '/' ? settings.sysroot + systemPath : systemPath;
 }
 
-std::string LibrarySearch::systemPath(const std::string& hostPath) const
-{
+std::string LibrarySearch::systemPath(const std::string& hostPath) const {
     return systemPathUnder(settings.sysroot, hostPath).value_or(hostPath);
 }
 
-std::string LibrarySearch::realSystemPath(const std::string& hostPath) const
-{
+std::string LibrarySearch::realSystemPath(const std::string& hostPath) const {
     std::error_code unresolved;
     if (!settings.sysroot.empty()) {
         if (std::optional<std::string> inRoot = systemPathUnder(settings.sysroot, hostPath)) {
@@ -73,8 +66,7 @@ std::string LibrarySearch::realSystemPath(const std::string& hostPath) const
     return systemPath(unresolved ? hostPath : real);
 }
 
-std::vector<std::string> LibrarySearch::directoriesFor(const LoadedObject& requester) const
-{
+std::vector<std::string> LibrarySearch::directoriesFor(const LoadedObject& requester) const {
     std::vector<std::string> directories;
     const ElfObject& object = *requester.object;
     if (!object.runpath) {
@@ -94,8 +86,7 @@ std::vector<std::string> LibrarySearch::directoriesFor(const LoadedObject& reque
     return directories;
 }
 
-Resolution LibrarySearch::find(const std::string& name, const LoadedObject& requester, const ElfKind& kind)
-{
+Resolution LibrarySearch::find(const std::string& name, const LoadedObject& requester, const ElfKind& kind) {
     if (name.find('/') != std::string::npos) {
         std::optional<std::string> path = requester.tokens.expand(name);
         return path ? probe(*path, kind, true) : Resolution{};
@@ -110,8 +101,7 @@ Resolution LibrarySearch::find(const std::string& name, const LoadedObject& requ
 
 // A candidate of another kind is passed over during a search; named
 // directly, it is the one the loader must load, and it cannot.
-Resolution LibrarySearch::probe(const std::string& candidate, const ElfKind& kind, bool lastChance)
-{
+Resolution LibrarySearch::probe(const std::string& candidate, const ElfKind& kind, bool lastChance) {
     const ElfFile& file = files.at(hostPath(candidate));
     switch (file.state) {
     case ElfFile::State::absent:

@@ -14,25 +14,25 @@ namespace qxqr {
 
 // An object loaded into a process, as the search for its needs sees it.
 struct LoadedObject {
-    std::string path;            // where it was found, as the system names it
-    const ElfObject* object;     // what it says of itself
-    DynamicStringTokens tokens;  // its $ORIGIN, $LIB and $PLATFORM
-    const LoadedObject* loader;  // the object whose need loaded it; null for the program
+    std::string path;           // where it was found, as the system names it
+    const ElfObject* object;    // what it says of itself
+    DynamicStringTokens tokens; // its $ORIGIN, $LIB and $PLATFORM
+    const LoadedObject* loader; // the object whose need loaded it; null for the program
 };
 
 // Where the search looks besides the objects' own paths.
 struct SearchSettings {
-    std::string sysroot;                  // the root every absolute name is read under ("" for /)
-    std::string libraryPath;              // LD_LIBRARY_PATH, as the environment gives it
-    std::vector<std::string> configured;  // the loader configuration's directories
+    std::string sysroot;                 // the root every absolute name is read under ("" for /)
+    std::string libraryPath;             // LD_LIBRARY_PATH, as the environment gives it
+    std::vector<std::string> configured; // the loader configuration's directories
 };
 
 // The outcome of one search.
 struct Resolution {
     enum class Outcome { found, notFound, failed };
     Outcome outcome = Outcome::notFound;
-    std::string path;     // found: where, failed: the file that stopped the search; as the system names it
-    std::string problem;  // failed: why
+    std::string path;    // found: where, failed: the file that stopped the search; as the system names it
+    std::string problem; // failed: why
 };
 
 // Finds a needed library as the dynamic loader does. A name with a '/' is

@@ -23,14 +23,12 @@ const std::vector<std::string> builtInVariables = {"vantor", "toolbox", "file", 
 
 typedef std::vector<LintWarning> Warnings;
 
-void warn(Warnings& warnings, const Rule& rule, const char* check, const std::string& message)
-{
+void warn(Warnings& warnings, const Rule& rule, const char* check, const std::string& message) {
     warnings.push_back({&rule, rule.script, rule.line, check, message});
 }
 
 // Every path of a rule: those of its condition, then its include list.
-std::vector<const Node*> pathsOf(const Rule& rule)
-{
+std::vector<const Node*> pathsOf(const Rule& rule) {
     std::vector<const Node*> paths;
     for (const Node& node : rule.condition.nodes)
         if (node.kind == NodeKind::Path)
@@ -42,8 +40,7 @@ std::vector<const Node*> pathsOf(const Rule& rule)
 
 // --set binds its names into the conditions alone: in an include path a
 // name given with --set stays as written, as an unknown one does.
-void unknownVariables(Warnings& warnings, const Rule& rule, const LintSettings& settings)
-{
+void unknownVariables(Warnings& warnings, const Rule& rule, const LintSettings& settings) {
     std::vector<std::string> inConditions = builtInVariables;
     inConditions.insert(inConditions.end(), settings.declaredVariables.begin(), settings.declaredVariables.end());
     std::set<std::string> reported;
@@ -68,15 +65,13 @@ void unknownVariables(Warnings& warnings, const Rule& rule, const LintSettings& 
 
 // A literal that names a directory rather than a file: no variables, no
 // wildcard, not ending in '/', and no '.' in its last component.
-bool looksLikeADirectory(const std::string& text)
-{
+bool looksLikeADirectory(const std::string& text) {
     const std::string::size_type slash = text.rfind('/');
     return slash != std::string::npos && text.back() != '/' && text.find_first_of("*?") == std::string::npos &&
            text.find('.', slash) == std::string::npos;
 }
 
-void prefixSurprises(Warnings& warnings, const Rule& rule, const LintSettings& settings)
-{
+void prefixSurprises(Warnings& warnings, const Rule& rule, const LintSettings& settings) {
     const Condition& condition = rule.condition;
     for (const Node& node : condition.nodes) {
         if (node.kind != NodeKind::In)
@@ -87,15 +82,13 @@ void prefixSurprises(Warnings& warnings, const Rule& rule, const LintSettings& s
                 settings.allowedPrefixes.count(element.text))
                 continue;
             warn(warnings, rule, "prefix-surprise",
-                 "'in' tests a plain prefix: " + element.text + " also matches " + element.text +
-                     "x/...; write " + element.text + "/ for the directory, or pass --allow " + element.text +
-                     " if the prefix is meant");
+                 "'in' tests a plain prefix: " + element.text + " also matches " + element.text + "x/...; write " +
+                     element.text + "/ for the directory, or pass --allow " + element.text + " if the prefix is meant");
         }
     }
 }
 
-void callerInInclude(Warnings& warnings, const Rule& rule)
-{
+void callerInInclude(Warnings& warnings, const Rule& rule) {
     if (rule.kind != RuleKind::Include)
         return;
     for (const Node* path : pathsOf(rule))
@@ -109,8 +102,7 @@ void callerInInclude(Warnings& warnings, const Rule& rule)
 // comparisons of paths without variables, decide; exists asks the file
 // system and decides nothing here. The operands come after their node, so
 // the nodes are valued from the last to the first.
-std::vector<std::optional<bool>> valuesWithoutAFile(const Condition& condition)
-{
+std::vector<std::optional<bool>> valuesWithoutAFile(const Condition& condition) {
     const std::vector<Node>& nodes = condition.nodes;
     std::vector<std::optional<bool>> values(nodes.size());
     auto fixedText = [&](std::size_t index) -> std::optional<std::string> {
@@ -178,18 +170,15 @@ std::vector<std::optional<bool>> valuesWithoutAFile(const Condition& condition)
     return values;
 }
 
-std::optional<bool> valueWithoutAFile(const Rule& rule)
-{
+std::optional<bool> valueWithoutAFile(const Rule& rule) {
     return valuesWithoutAFile(rule.condition).front();
 }
 
-std::string place(const Rule& rule)
-{
+std::string place(const Rule& rule) {
     return rule.script + ":" + std::to_string(rule.line);
 }
 
-void constantCondition(Warnings& warnings, const Rule& rule)
-{
+void constantCondition(Warnings& warnings, const Rule& rule) {
     const std::optional<bool> value = valueWithoutAFile(rule);
     if (!value)
         return;
@@ -202,8 +191,7 @@ void constantCondition(Warnings& warnings, const Rule& rule)
 }
 
 // An exclude or prune rule after one of its kind that matches every file.
-void unreachableRule(Warnings& warnings, const Rule& rule, const Rule* alwaysTrue)
-{
+void unreachableRule(Warnings& warnings, const Rule& rule, const Rule* alwaysTrue) {
     if (alwaysTrue != nullptr)
         warn(warnings, rule, "unreachable-rule",
              "the rule can never decide: the rule at " + place(*alwaysTrue) + " matches every file first");
@@ -211,8 +199,7 @@ void unreachableRule(Warnings& warnings, const Rule& rule, const Rule* alwaysTru
 
 // Only exclude and prune rules are folded by precompute; an include rule's
 // test is asked for every file whatever it names.
-void fixedExists(Warnings& warnings, const Rule& rule)
-{
+void fixedExists(Warnings& warnings, const Rule& rule) {
     if (rule.kind == RuleKind::Include)
         return;
     const Condition& condition = rule.condition;
@@ -222,29 +209,27 @@ void fixedExists(Warnings& warnings, const Rule& rule)
         const Node& path = condition.nodes[node.operands[0]];
         if (path.kind == NodeKind::Path && path.variables.empty())
             warn(warnings, rule, "fixed-exists",
-                 "'" + path.text + " exists' names no variable: a host that precomputes asks it once, not for "
-                                   "every file");
+                 "'" + path.text +
+                     " exists' names no variable: a host that precomputes asks it once, not for "
+                     "every file");
     }
 }
 
-void duplicateRule(Warnings& warnings, const Rule& rule, const Rule* first)
-{
+void duplicateRule(Warnings& warnings, const Rule& rule, const Rule* first) {
     if (first != nullptr)
         warn(warnings, rule, "duplicate-rule", "the same rule as the one at " + place(*first));
 }
 
 } // namespace
 
-const std::vector<std::string>& lintCheckNames()
-{
+const std::vector<std::string>& lintCheckNames() {
     static const std::vector<std::string> names = {"unknown-variable",   "prefix-surprise",  "caller-in-include",
                                                    "constant-condition", "unreachable-rule", "fixed-exists",
                                                    "duplicate-rule"};
     return names;
 }
 
-std::vector<LintWarning> lintRules(const std::vector<Rule>& rules, const LintSettings& settings)
-{
+std::vector<LintWarning> lintRules(const std::vector<Rule>& rules, const LintSettings& settings) {
     Warnings warnings;
     std::map<RuleKind, const Rule*> firstAlwaysTrue;
     std::map<std::pair<RuleKind, std::string>, const Rule*> firstPrinted;

@@ -14,16 +14,16 @@ namespace qxqr {
 struct LintWarning {
     // The rule it is about; none for a warning about a script's directive.
     const QuorelScript::Observe::Rule* rule;
-    std::string script;  // the script's name as the library knows it
-    long line;           // the rule's recorded line, or the directive's
-    std::string check;   // the check's name, as --disable takes it
+    std::string script; // the script's name as the library knows it
+    long line;          // the rule's recorded line, or the directive's
+    std::string check;  // the check's name, as --disable takes it
     std::string message;
 };
 
 // What the checks take as given besides the rules.
 struct LintSettings {
-    std::set<std::string> declaredVariables;  // the names given with --set
-    std::set<std::string> allowedPrefixes;    // `in` elements meant as plain prefixes (--allow)
+    std::set<std::string> declaredVariables; // the names given with --set
+    std::set<std::string> allowedPrefixes;   // `in` elements meant as plain prefixes (--allow)
 };
 
 // The names of the checks, in the order the documentation lists them.
@@ -31,8 +31,7 @@ const std::vector<std::string>& lintCheckNames();
 
 // Every warning about `rules` (as rulesOf gives them), rule by rule, each
 // rule's warnings in the order of lintCheckNames.
-std::vector<LintWarning> lintRules(const std::vector<QuorelScript::Observe::Rule>& rules,
-                                   const LintSettings& settings);
+std::vector<LintWarning> lintRules(const std::vector<QuorelScript::Observe::Rule>& rules, const LintSettings& settings);
 
 } // namespace qxqr
 

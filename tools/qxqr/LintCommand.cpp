@@ -16,8 +16,7 @@ namespace qxqr {
 
 namespace {
 
-std::string checkName(const std::string& name)
-{
+std::string checkName(const std::string& name) {
     const std::vector<std::string>& names = lintCheckNames();
     if (std::find(names.begin(), names.end(), name) != names.end())
         return std::string();
@@ -30,8 +29,7 @@ std::string checkName(const std::string& name)
 // Each script's directives, by the name the library knows it by.
 typedef std::map<std::string, ScriptDirectives> DirectivesByScript;
 
-DirectivesByScript directivesOf(const ScriptTexts& texts)
-{
+DirectivesByScript directivesOf(const ScriptTexts& texts) {
     DirectivesByScript directives;
     for (const ScriptText& text : texts)
         directives.emplace(text.name, ScriptDirectives(text.text));
@@ -39,8 +37,7 @@ DirectivesByScript directivesOf(const ScriptTexts& texts)
 }
 
 bool isSilenced(const LintWarning& warning, const std::vector<std::string>& disabled,
-                const DirectivesByScript& directives, const FirstLines& firstLines)
-{
+                const DirectivesByScript& directives, const FirstLines& firstLines) {
     if (std::find(disabled.begin(), disabled.end(), warning.check) != disabled.end())
         return true;
     const auto script = directives.find(warning.script);
@@ -50,8 +47,7 @@ bool isSilenced(const LintWarning& warning, const std::vector<std::string>& disa
 }
 
 // In the order of the scripts as given, then of their lines.
-void sortByPlace(std::vector<LintWarning>& warnings, const ScriptTexts& scripts)
-{
+void sortByPlace(std::vector<LintWarning>& warnings, const ScriptTexts& scripts) {
     auto order = [&](const LintWarning& warning) {
         const auto script = std::find_if(scripts.begin(), scripts.end(),
                                          [&](const ScriptText& text) { return text.name == warning.script; });
@@ -65,23 +61,20 @@ void sortByPlace(std::vector<LintWarning>& warnings, const ScriptTexts& scripts)
 // no check, so nothing turns it off.
 const char* const directiveFault = "lint-directive";
 
-void addDirectiveFaults(std::vector<LintWarning>& warnings, const DirectivesByScript& directives)
-{
+void addDirectiveFaults(std::vector<LintWarning>& warnings, const DirectivesByScript& directives) {
     for (const auto& [script, ofScript] : directives)
         for (const DirectiveFault& fault : ofScript.faults(lintCheckNames()))
             warnings.push_back({nullptr, script, fault.line, directiveFault, fault.message});
 }
 
-std::string asText(const LintWarning& warning)
-{
+std::string asText(const LintWarning& warning) {
     return warning.script + ":" + std::to_string(warning.line) + ": warning: " + warning.message + " [" +
            warning.check + "]\n";
 }
 
 // JSON names a script as given, as its "scripts" list does, rather than by
 // the name that text output quotes.
-nlohmann::json asJson(const LintWarning& warning, const std::map<std::string, std::string>& givenNames)
-{
+nlohmann::json asJson(const LintWarning& warning, const std::map<std::string, std::string>& givenNames) {
     return {{"script", givenNames.at(warning.script)},
             {"line", warning.line},
             {"check", warning.check},
@@ -91,22 +84,17 @@ nlohmann::json asJson(const LintWarning& warning, const std::map<std::string, st
 } // namespace
 
 LintCommand::LintCommand(CommandLine& qxqr)
-    : ScriptsCommand(qxqr, "lint", "Warn about what the scripts say that is probably not meant")
-{
+    : ScriptsCommand(qxqr, "lint", "Warn about what the scripts say that is probably not meant") {
     command.option("--set", assignments, "take the variable NAME as known (repeatable)")
         .typeName("NAME=VALUE")
         .check(checkAssignment);
-    command.option("--disable", disabled, "turn the check NAME off (repeatable)")
-        .typeName("NAME")
-        .check(checkName);
-    command.option("--allow", allowed, "an 'in' list path meant as a plain prefix (repeatable)")
-        .typeName("PATH");
+    command.option("--disable", disabled, "turn the check NAME off (repeatable)").typeName("NAME").check(checkName);
+    command.option("--allow", allowed, "an 'in' list path meant as a plain prefix (repeatable)").typeName("PATH");
     command.flag("--werror", werror, "exit with status 1 when there are warnings");
     format.addOption(command);
 }
 
-Result LintCommand::run(OperandReader&)
-{
+Result LintCommand::run(OperandReader&) {
     ScriptTexts texts;
     const std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts, false, &texts);
     LintSettings settings;

@@ -8,14 +8,12 @@
 
 namespace qxqr {
 
-ScriptDirectives::ScriptDirectives(const std::string& text) : text_(&text), lineStarts_{0}
-{
+ScriptDirectives::ScriptDirectives(const std::string& text) : text_(&text), lineStarts_{0} {
     for (std::string::size_type end = text.find('\n'); end != std::string::npos; end = text.find('\n', end + 1))
         lineStarts_.push_back(end + 1);
 }
 
-std::string ScriptDirectives::lineOf(long number) const
-{
+std::string ScriptDirectives::lineOf(long number) const {
     if (number < 1 || static_cast<std::size_t>(number) > lineStarts_.size())
         return std::string();
     const std::string::size_type start = lineStarts_[static_cast<std::size_t>(number - 1)];
@@ -26,8 +24,7 @@ std::string ScriptDirectives::lineOf(long number) const
     return line;
 }
 
-std::optional<std::vector<std::string>> ScriptDirectives::namesOf(const std::string& line)
-{
+std::optional<std::vector<std::string>> ScriptDirectives::namesOf(const std::string& line) {
     static const std::regex directive(R"(^[ \t]*%[ \t]*qxqr-lint:[ \t]*disable=([a-z-]+(,[a-z-]+)*)[ \t]*$)");
     std::smatch match;
     // The matcher takes stack for every character it repeats over, and no
@@ -47,14 +44,12 @@ std::optional<std::vector<std::string>> ScriptDirectives::namesOf(const std::str
     return split;
 }
 
-std::set<std::string> ScriptDirectives::disabledBefore(long firstLine) const
-{
+std::set<std::string> ScriptDirectives::disabledBefore(long firstLine) const {
     const std::optional<std::vector<std::string>> names = namesOf(lineOf(firstLine - 1));
     return names ? std::set<std::string>(names->begin(), names->end()) : std::set<std::string>();
 }
 
-std::vector<DirectiveFault> ScriptDirectives::faults(const std::vector<std::string>& checks) const
-{
+std::vector<DirectiveFault> ScriptDirectives::faults(const std::vector<std::string>& checks) const {
     static const std::string blanks = " \t", mark = "qxqr-lint:";
     std::vector<DirectiveFault> faults;
     for (long number = 1; static_cast<std::size_t>(number) <= lineStarts_.size(); ++number) {

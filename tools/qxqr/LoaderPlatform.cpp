@@ -11,8 +11,8 @@ struct KnownPlatform {
     unsigned machine;
     unsigned char elfClass;
     unsigned char byteOrder;
-    const char* multiarch;  // Debian's name for the platform's library directories
-    const char* platform;   // the machine name the kernel gives the loader
+    const char* multiarch; // Debian's name for the platform's library directories
+    const char* platform;  // the machine name the kernel gives the loader
 };
 
 const KnownPlatform knownPlatforms[] = {
@@ -27,13 +27,12 @@ const KnownPlatform knownPlatforms[] = {
 
 } // namespace
 
-LoaderPlatform LoaderPlatform::of(const ElfKind& kind)
-{
+LoaderPlatform LoaderPlatform::of(const ElfKind& kind) {
     for (const KnownPlatform& known : knownPlatforms) {
         if (known.machine == kind.machine && known.elfClass == kind.elfClass && known.byteOrder == kind.byteOrder) {
             const std::string multiarch = known.multiarch;
-            return {"lib/" + multiarch, known.platform,
-                    {"/lib/" + multiarch, "/usr/lib/" + multiarch, "/lib", "/usr/lib"}};
+            return {
+                "lib/" + multiarch, known.platform, {"/lib/" + multiarch, "/usr/lib/" + multiarch, "/lib", "/usr/lib"}};
         }
     }
     return {"lib", "", {"/lib", "/usr/lib"}};

@@ -16,8 +16,8 @@ namespace qxqr {
 // /lib and /usr/lib, and its $LIB is lib/x86_64-linux-gnu. A kind this
 // table does not know gets /lib and /usr/lib, and $LIB is lib.
 struct LoaderPlatform {
-    std::string libToken;       // what $LIB stands for
-    std::string platformToken;  // what $PLATFORM stands for
+    std::string libToken;      // what $LIB stands for
+    std::string platformToken; // what $PLATFORM stands for
     std::vector<std::string> defaultDirectories;
 
     static LoaderPlatform of(const ElfKind& kind);

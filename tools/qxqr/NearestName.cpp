@@ -8,8 +8,7 @@ namespace qxqr {
 namespace {
 
 // How many single-character edits turn `a` into `b`.
-std::size_t editDistance(const std::string& a, const std::string& b)
-{
+std::size_t editDistance(const std::string& a, const std::string& b) {
     std::vector<std::size_t> row(b.size() + 1);
     for (std::size_t j = 0; j <= b.size(); ++j)
         row[j] = j;
@@ -27,8 +26,7 @@ std::size_t editDistance(const std::string& a, const std::string& b)
 
 } // namespace
 
-std::optional<std::string> nearestName(const std::string& name, const std::vector<std::string>& known)
-{
+std::optional<std::string> nearestName(const std::string& name, const std::vector<std::string>& known) {
     std::optional<std::string> nearest;
     std::size_t best = std::min<std::size_t>(3, name.size());
     for (const std::string& candidate : known) {

@@ -7,12 +7,9 @@
 namespace qxqr {
 
 OperandReader::OperandReader(std::vector<std::string> operands, std::istream& in)
-    : operands(std::move(operands)), in(in)
-{
-}
+    : operands(std::move(operands)), in(in) {}
 
-bool OperandReader::next(std::string& path)
-{
+bool OperandReader::next(std::string& path) {
     while (true) {
         if (readingInput && nextLine(path))
             return true;
@@ -28,8 +25,7 @@ bool OperandReader::next(std::string& path)
     }
 }
 
-bool OperandReader::nextLine(std::string& path)
-{
+bool OperandReader::nextLine(std::string& path) {
     while (std::getline(in, path)) {
         if (!path.empty() && path.back() == '\r')
             path.pop_back();

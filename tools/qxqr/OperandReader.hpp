@@ -27,7 +27,7 @@ private:
 
     std::vector<std::string> operands;
     std::size_t position = 0;
-    bool readingInput = false;  // between a "-" and the end of `in`
+    bool readingInput = false; // between a "-" and the end of `in`
     std::istream& in;
 };
 

@@ -15,18 +15,14 @@ const std::chrono::milliseconds refreshInterval(100);
 } // namespace
 
 Progress::Progress(bool wanted)
-    : enabled(wanted && ::isatty(STDERR_FILENO) && !::isatty(STDOUT_FILENO)), started(Clock::now())
-{
-}
+    : enabled(wanted && ::isatty(STDERR_FILENO) && !::isatty(STDOUT_FILENO)), started(Clock::now()) {}
 
-Progress::~Progress()
-{
+Progress::~Progress() {
     if (shown)
         std::fputs("\r\033[K", stderr);
 }
 
-void Progress::update(std::size_t visited, std::size_t waiting)
-{
+void Progress::update(std::size_t visited, std::size_t waiting) {
     if (!enabled)
         return;
     Clock::time_point now = Clock::now();

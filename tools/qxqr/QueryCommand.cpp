@@ -18,13 +18,12 @@ namespace {
 // The rule set's answers for one file.
 struct Answer {
     std::string file;
-    std::optional<std::string> excludedBy;  // the deciding rule's text, if excluded
-    std::optional<std::string> prunedBy;    // the deciding rule's text, if pruned
+    std::optional<std::string> excludedBy; // the deciding rule's text, if excluded
+    std::optional<std::string> prunedBy;   // the deciding rule's text, if pruned
     std::vector<std::string> includes;
 };
 
-Answer ask(QuorelScript::Rules& rules, const std::string& file, const char* caller)
-{
+Answer ask(QuorelScript::Rules& rules, const std::string& file, const char* caller) {
     Answer answer{file, std::nullopt, std::nullopt, {}};
     if (rules.isExcluded(file.c_str(), nullptr, caller))
         answer.excludedBy = rules.getLastMatchText();
@@ -34,9 +33,9 @@ Answer ask(QuorelScript::Rules& rules, const std::string& file, const char* call
     return answer;
 }
 
-std::string asText(const Answer& answer, bool explain)
-{
-    std::string text = quotedName(answer.file) + ": " + verdict(answer.excludedBy.has_value(), answer.prunedBy.has_value()) + "\n";
+std::string asText(const Answer& answer, bool explain) {
+    std::string text =
+        quotedName(answer.file) + ": " + verdict(answer.excludedBy.has_value(), answer.prunedBy.has_value()) + "\n";
     if (explain) {
         for (const std::optional<std::string>& rule : {answer.excludedBy, answer.prunedBy})
             if (rule)
@@ -47,8 +46,7 @@ std::string asText(const Answer& answer, bool explain)
     return text;
 }
 
-nlohmann::json asJson(const Answer& answer)
-{
+nlohmann::json asJson(const Answer& answer) {
     nlohmann::json item = {{"excluded", answer.excludedBy.has_value()},
                            {"excluded_by", MatchText::toJson(answer.excludedBy)},
                            {"pruned", answer.prunedBy.has_value()},
@@ -61,19 +59,16 @@ nlohmann::json asJson(const Answer& answer)
 } // namespace
 
 QueryCommand::QueryCommand(CommandLine& qxqr)
-    : FileCommand(qxqr, "query", "Tell whether each file is excluded, pruned or kept, and what it includes")
-{
+    : FileCommand(qxqr, "query", "Tell whether each file is excluded, pruned or kept, and what it includes") {
     command.flag("--explain", explain, "show the rule that excluded or pruned a file");
     format.addOption(command);
 }
 
-nlohmann::json QueryCommand::jsonAnswer(QuorelScript::Rules& rules, const std::string& file)
-{
+nlohmann::json QueryCommand::jsonAnswer(QuorelScript::Rules& rules, const std::string& file) {
     return asJson(ask(rules, file, callerOrNull()));
 }
 
-std::string QueryCommand::textAnswer(QuorelScript::Rules& rules, const std::string& file)
-{
+std::string QueryCommand::textAnswer(QuorelScript::Rules& rules, const std::string& file) {
     return asText(ask(rules, file, callerOrNull()), explain);
 }
 

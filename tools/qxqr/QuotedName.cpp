@@ -19,8 +19,7 @@ struct Run {
     std::string bytes;
 };
 
-bool isControl(const std::string& name, std::size_t position, std::size_t length)
-{
+bool isControl(const std::string& name, std::size_t position, std::size_t length) {
     unsigned char first = static_cast<unsigned char>(name[position]);
     if (length == 1)
         return first < 0x20 || first == 0x7F;
@@ -28,8 +27,7 @@ bool isControl(const std::string& name, std::size_t position, std::size_t length
     return length == 2 && first == 0xC2 && static_cast<unsigned char>(name[position + 1]) < 0xA0;
 }
 
-std::vector<Run> runsOf(const std::string& name)
-{
+std::vector<Run> runsOf(const std::string& name) {
     std::vector<Run> runs;
     for (std::size_t position = 0; position < name.size();) {
         std::size_t length = utf8CharacterLength(name, position);
@@ -38,7 +36,7 @@ std::vector<Run> runsOf(const std::string& name)
             kind = Kind::special;
         else if (name[position] == '\'')
             kind = Kind::singleQuote;
-        length = length == 0 ? 1 : length;  // a stray byte stands alone
+        length = length == 0 ? 1 : length; // a stray byte stands alone
         if (runs.empty() || runs.back().kind != kind)
             runs.push_back({kind, std::string()});
         runs.back().bytes.append(name, position, length);
@@ -47,16 +45,22 @@ std::vector<Run> runsOf(const std::string& name)
     return runs;
 }
 
-std::string escaped(char byte)
-{
+std::string escaped(char byte) {
     switch (byte) {
-    case '\a': return "\\a";
-    case '\b': return "\\b";
-    case '\t': return "\\t";
-    case '\n': return "\\n";
-    case '\v': return "\\v";
-    case '\f': return "\\f";
-    case '\r': return "\\r";
+    case '\a':
+        return "\\a";
+    case '\b':
+        return "\\b";
+    case '\t':
+        return "\\t";
+    case '\n':
+        return "\\n";
+    case '\v':
+        return "\\v";
+    case '\f':
+        return "\\f";
+    case '\r':
+        return "\\r";
     default:
         break;
     }
@@ -65,8 +69,7 @@ std::string escaped(char byte)
     return octal;
 }
 
-std::string quoted(const Run& run)
-{
+std::string quoted(const Run& run) {
     switch (run.kind) {
     case Kind::ordinary:
         return "'" + run.bytes + "'";
@@ -87,15 +90,13 @@ std::string quoted(const Run& run)
 
 // Printable ASCII without a blank or a single quote, as nearly every name
 // is: shown as it is, without cutting it into characters first.
-bool isPlain(const std::string& name)
-{
+bool isPlain(const std::string& name) {
     return std::all_of(name.begin(), name.end(), [](char byte) { return byte > ' ' && byte < 0x7F && byte != '\''; });
 }
 
 } // namespace
 
-std::string quotedName(const std::string& name)
-{
+std::string quotedName(const std::string& name) {
     if (!name.empty() && isPlain(name))
         return name;
     std::vector<Run> runs = runsOf(name);
@@ -109,8 +110,7 @@ std::string quotedName(const std::string& name)
     return text;
 }
 
-std::string nameInQuotes(const std::string& name)
-{
+std::string nameInQuotes(const std::string& name) {
     const std::string shown = quotedName(name);
     return shown == name ? "'" + name + "'" : shown;
 }

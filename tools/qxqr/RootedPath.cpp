@@ -14,8 +14,7 @@ namespace {
 const int maxLinks = 40;
 
 // Puts the components of `path` on `pending`, the first on top.
-void pushComponents(const std::string& path, std::vector<std::string>& pending)
-{
+void pushComponents(const std::string& path, std::vector<std::string>& pending) {
     std::size_t end = path.size();
     while (end > 0) {
         std::size_t slash = path.rfind('/', end - 1);
@@ -28,8 +27,7 @@ void pushComponents(const std::string& path, std::vector<std::string>& pending)
     }
 }
 
-std::string readLink(const std::string& link, std::error_code& error)
-{
+std::string readLink(const std::string& link, std::error_code& error) {
     std::string target(256, '\0');
     while (true) {
         ssize_t length = readlink(link.c_str(), &target[0], target.size());
@@ -47,8 +45,7 @@ std::string readLink(const std::string& link, std::error_code& error)
 
 } // namespace
 
-std::optional<std::string> systemPathUnder(const std::string& root, const std::string& hostPath)
-{
+std::optional<std::string> systemPathUnder(const std::string& root, const std::string& hostPath) {
     if (root.empty())
         return hostPath;
     if (hostPath.compare(0, root.size(), root) == 0 && hostPath.size() > root.size() && hostPath[root.size()] == '/')
@@ -56,12 +53,11 @@ std::optional<std::string> systemPathUnder(const std::string& root, const std::s
     return std::nullopt;
 }
 
-std::string followedInRoot(const std::string& root, const std::string& systemPath, std::error_code& error)
-{
+std::string followedInRoot(const std::string& root, const std::string& systemPath, std::error_code& error) {
     error.clear();
     std::vector<std::string> pending;
     pushComponents(systemPath, pending);
-    std::string followed;  // "" is the root itself
+    std::string followed; // "" is the root itself
     int links = 0;
     while (!pending.empty()) {
         const std::string component = pending.back();

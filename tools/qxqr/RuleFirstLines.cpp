@@ -25,8 +25,7 @@ public:
     std::string_view::size_type size() const { return text.size(); }
 
     // "\r\n" or '\n'.
-    std::string_view::size_type afterNewline(std::string_view::size_type at) const
-    {
+    std::string_view::size_type afterNewline(std::string_view::size_type at) const {
         if (text.compare(at, 2, "\r\n") == 0)
             return at + 2;
         return at < text.size() && text[at] == '\n' ? at + 1 : nowhere;
@@ -34,8 +33,7 @@ public:
 
     // A blank character, or "..." and blank characters, then a line end
     // or a comment.
-    std::string_view::size_type afterBlank(std::string_view::size_type at) const
-    {
+    std::string_view::size_type afterBlank(std::string_view::size_type at) const {
         if (at < text.size() && (text[at] == ' ' || text[at] == '\t'))
             return at + 1;
         const std::string_view::size_type dotsEnd = afterDots(at);
@@ -46,8 +44,7 @@ public:
         return holds(dotsEnd, '%') ? afterComment(dotsEnd) : nowhere;
     }
 
-    std::string_view::size_type afterBlanks(std::string_view::size_type at) const
-    {
+    std::string_view::size_type afterBlanks(std::string_view::size_type at) const {
         for (std::string_view::size_type next = afterBlank(at); next != nowhere; next = afterBlank(at))
             at = next;
         return at;
@@ -58,8 +55,7 @@ public:
     // next line; before a '%' they open a comment within it, after whose
     // line end the outer one goes on. Counted rather than recursed into,
     // however many are open.
-    std::string_view::size_type afterComment(std::string_view::size_type at) const
-    {
+    std::string_view::size_type afterComment(std::string_view::size_type at) const {
         std::size_t open = 1;
         ++at;
         while (at < text.size()) {
@@ -77,8 +73,7 @@ public:
     }
 
     // The word at `at`, as far as letters go.
-    std::string_view wordAt(std::string_view::size_type at) const
-    {
+    std::string_view wordAt(std::string_view::size_type at) const {
         std::string_view::size_type end = at;
         while (end < text.size() && std::isalpha(static_cast<unsigned char>(text[end])))
             ++end;
@@ -87,22 +82,19 @@ public:
 
     bool holds(std::string_view::size_type at, char c) const { return at < text.size() && text[at] == c; }
 
-    bool holds(std::string_view::size_type at, const std::string& part) const
-    {
+    bool holds(std::string_view::size_type at, const std::string& part) const {
         return text.compare(at, part.size(), part) == 0;
     }
 
     // How many line ends lie from `from` to `to`.
-    long lineEnds(std::string_view::size_type from, std::string_view::size_type to) const
-    {
+    long lineEnds(std::string_view::size_type from, std::string_view::size_type to) const {
         return static_cast<long>(std::count(text.begin() + static_cast<std::ptrdiff_t>(from),
                                             text.begin() + static_cast<std::ptrdiff_t>(to), '\n'));
     }
 
 private:
     // "..." and blank characters.
-    std::string_view::size_type afterDots(std::string_view::size_type at) const
-    {
+    std::string_view::size_type afterDots(std::string_view::size_type at) const {
         if (text.compare(at, 3, "...") != 0)
             return nowhere;
         at += 3;
@@ -117,8 +109,7 @@ private:
 // The rules of one kind not yet placed, in order.
 typedef std::map<std::pair<std::string, RuleKind>, std::deque<const Rule*>> Unplaced;
 
-bool kindNamed(std::string_view word, RuleKind& kind)
-{
+bool kindNamed(std::string_view word, RuleKind& kind) {
     static const std::pair<std::string_view, RuleKind> kinds[] = {
         {"exclude", RuleKind::Exclude}, {"prune", RuleKind::Prune}, {"include", RuleKind::Include}};
     for (const auto& [name, named] : kinds)
@@ -132,11 +123,10 @@ bool kindNamed(std::string_view word, RuleKind& kind)
 // Places the statements of one script, each an element of the script
 // (statement, comment line or blank line) as the grammar tries them. Stops
 // at a statement it finds no such rule for.
-void placeStatements(const ScriptText& script, Unplaced& unplaced, FirstLines& lines)
-{
+void placeStatements(const ScriptText& script, Unplaced& unplaced, FirstLines& lines) {
     const GrammarText text(script.text);
     std::string_view::size_type at = 0;
-    std::string_view::size_type counted = 0;  // the lines before it are in `line`
+    std::string_view::size_type counted = 0; // the lines before it are in `line`
     long line = 1;
     while (at < text.size()) {
         const std::string_view::size_type start = text.afterBlanks(at);
@@ -169,8 +159,7 @@ void placeStatements(const ScriptText& script, Unplaced& unplaced, FirstLines& l
 
 } // namespace
 
-FirstLines firstLinesOf(const ScriptTexts& texts, const std::vector<Rule>& rules)
-{
+FirstLines firstLinesOf(const ScriptTexts& texts, const std::vector<Rule>& rules) {
     Unplaced unplaced;
     for (const Rule& rule : rules)
         unplaced[{rule.script, rule.kind}].push_back(&rule);

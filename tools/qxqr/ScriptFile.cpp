@@ -21,8 +21,7 @@ namespace {
 
 const std::string standardInput = "-";
 
-std::string tooLarge()
-{
+std::string tooLarge() {
     return "File too large (the limit for a script is " + std::to_string(QuorelScript::FileReader::maxFileSize) +
            " bytes)";
 }
@@ -30,15 +29,12 @@ std::string tooLarge()
 // What "|" or "<(...)" make, as against a FIFO with a name, which the
 // library does not read: without waiting for a writer, reading it would
 // race with one that has yet to come.
-bool isPipe(int descriptor, const struct stat& status)
-{
+bool isPipe(int descriptor, const struct stat& status) {
     struct statfs fileSystem;
-    return S_ISFIFO(status.st_mode) && ::fstatfs(descriptor, &fileSystem) == 0 &&
-           fileSystem.f_type == PIPEFS_MAGIC;
+    return S_ISFIFO(status.st_mode) && ::fstatfs(descriptor, &fileSystem) == 0 && fileSystem.f_type == PIPEFS_MAGIC;
 }
 
-std::string kindOf(mode_t mode)
-{
+std::string kindOf(mode_t mode) {
     if (S_ISFIFO(mode))
         return "Is a named FIFO";
     if (S_ISCHR(mode))
@@ -52,13 +48,11 @@ std::string kindOf(mode_t mode)
 
 } // namespace
 
-void ScriptFile::refuse(const std::string& name, const std::string& reason)
-{
+void ScriptFile::refuse(const std::string& name, const std::string& reason) {
     throw Failure("qxqr: cannot read " + nameInQuotes(name) + ": " + reason + "\n");
 }
 
-ScriptFile::ScriptFile(const std::string& name) : name_(name)
-{
+ScriptFile::ScriptFile(const std::string& name) : name_(name) {
     const bool isStandardInput = name == standardInput;
     if (isStandardInput && ::fcntl(STDIN_FILENO, F_GETFD) < 0)
         refuse(name, "Standard input is closed");
@@ -91,18 +85,15 @@ ScriptFile::ScriptFile(const std::string& name) : name_(name)
     }
 }
 
-ScriptFile::~ScriptFile()
-{
+ScriptFile::~ScriptFile() {
     ::close(descriptor_);
 }
 
-std::string ScriptFile::scriptName() const
-{
+std::string ScriptFile::scriptName() const {
     return name_ == standardInput ? "<standard input>" : quotedName(name_);
 }
 
-std::string ScriptFile::readWhole() const
-{
+std::string ScriptFile::readWhole() const {
     // Now that the file is known to be one that ends, waiting for its
     // writer is what reading it means.
     const int flags = ::fcntl(descriptor_, F_GETFL);

@@ -16,8 +16,7 @@ namespace {
 // Parses `text` under `name`: into a new rule set if there is none yet,
 // else appended to it.
 void parseText(QuorelScript::Parser& parser, std::unique_ptr<QuorelScript::Rules>& rules, const std::string& name,
-               const std::string& text)
-{
+               const std::string& text) {
     parser.setScriptName(name.c_str());
     if (rules)
         parser.parse(rules.get(), text.c_str());
@@ -25,8 +24,7 @@ void parseText(QuorelScript::Parser& parser, std::unique_ptr<QuorelScript::Rules
         rules.reset(parser.parse(text.c_str()));
 }
 
-void readFile(QuorelScript::FileReader& reader, std::unique_ptr<QuorelScript::Rules>& rules, const std::string& file)
-{
+void readFile(QuorelScript::FileReader& reader, std::unique_ptr<QuorelScript::Rules>& rules, const std::string& file) {
     if (rules)
         reader.read(rules.get(), file.c_str());
     else
@@ -36,8 +34,7 @@ void readFile(QuorelScript::FileReader& reader, std::unique_ptr<QuorelScript::Ru
 } // namespace
 
 std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& scripts, bool verbose,
-                                               ScriptTexts* texts)
-{
+                                               ScriptTexts* texts) {
     // Declared before the reader, whose parser writes into it until the end.
     std::ostringstream syntaxErrors;
     QuorelScript::FileReader reader;
@@ -57,16 +54,15 @@ std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& s
         }
         if (!syntaxErrors.str().empty())
             throw Failure(syntaxErrors.str() + syntaxHint(syntaxErrors.str()));
-        if (!rules) {  // readable a moment ago, but not when the library read it
-            const ScriptFile again(script);  // throws with the reason, if it has one now
+        if (!rules) {                       // readable a moment ago, but not when the library read it
+            const ScriptFile again(script); // throws with the reason, if it has one now
             ScriptFile::refuse(script, "It changed while it was read");
         }
     }
     return rules;
 }
 
-void addScriptsOperand(Subcommand& command, std::vector<std::string>& scripts, bool optional)
-{
+void addScriptsOperand(Subcommand& command, std::vector<std::string>& scripts, bool optional) {
     command.option("SCRIPT", scripts, "rules scripts, parsed in order into one rule set")
         .typeName("")
         .required(!optional);

@@ -7,8 +7,7 @@ namespace qxqr {
 
 ScriptsCommand::ScriptsCommand(CommandLine& qxqr, const std::string& name, const std::string& description,
                                const char* operands, bool scriptsOptional)
-    : command(qxqr, name, description), operands(operands)
-{
+    : command(qxqr, name, description), operands(operands) {
     addScriptsOperand(command, scripts, scriptsOptional);
 }
 

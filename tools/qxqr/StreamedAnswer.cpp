@@ -5,24 +5,20 @@
 
 namespace qxqr {
 
-StreamedAnswer::StreamedAnswer(const OutputFormat& format)
-{
+StreamedAnswer::StreamedAnswer(const OutputFormat& format) {
     if (format.isJson())
         document.emplace("files");
 }
 
-void StreamedAnswer::addItem(const nlohmann::json& item)
-{
+void StreamedAnswer::addItem(const nlohmann::json& item) {
     document->append(item);
 }
 
-void StreamedAnswer::addText(const std::string& text)
-{
+void StreamedAnswer::addText(const std::string& text) {
     writeStandardOutput(text);
 }
 
-void StreamedAnswer::finish(const nlohmann::json& closingMembers, const std::string& closingText)
-{
+void StreamedAnswer::finish(const nlohmann::json& closingMembers, const std::string& closingText) {
     if (document)
         document->finish(closingMembers);
     else if (!closingText.empty())

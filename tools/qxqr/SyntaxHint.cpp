@@ -26,8 +26,7 @@ typedef std::function<std::optional<Mending>(const std::string& line)> Pitfall;
 
 // The line as the report shows it: the first line of the offending text,
 // which follows the report's first line.
-std::string offendingLine(const std::string& report)
-{
+std::string offendingLine(const std::string& report) {
     const std::string::size_type start = report.find('\n');
     if (start == std::string::npos)
         return std::string();
@@ -39,8 +38,7 @@ std::string offendingLine(const std::string& report)
 }
 
 // Whether `line`, followed by a line end, is a complete script.
-bool parses(const std::string& line)
-{
+bool parses(const std::string& line) {
     QuorelScript::Parser parser;
     const std::string text = line + "\n";
     return std::unique_ptr<QuorelScript::Rules>(parser.parse(text.c_str())) != nullptr;
@@ -49,16 +47,14 @@ bool parses(const std::string& line)
 // The line with the first match of `pattern` replaced by `replacement`
 // (in std::regex's format), if the pattern matches.
 std::optional<std::string> replacedFirst(const std::string& line, const std::regex& pattern,
-                                         const std::string& replacement)
-{
+                                         const std::string& replacement) {
     if (!std::regex_search(line, pattern))
         return std::nullopt;
     return std::regex_replace(line, pattern, replacement, std::regex_constants::format_first_only);
 }
 
 // The line itself, if it ends in a keyword that needs a character after it.
-std::optional<Mending> keywordAtEndOfText(const std::string& line)
-{
+std::optional<Mending> keywordAtEndOfText(const std::string& line) {
     static const std::regex pattern(R"(\b(true|false|in|not|if|unless)$)");
     if (!std::regex_search(line, pattern))
         return std::nullopt;
@@ -66,9 +62,9 @@ std::optional<Mending> keywordAtEndOfText(const std::string& line)
                          "line end"};
 }
 
-std::optional<Mending> bareIncludeList(const std::string& line)
-{
-    static const std::regex pattern(R"(^([ \t]*include[ \t]+)([^[ \t,]+([ \t]*,[ \t]*[^ \t,]+)+)([ \t]+(if|unless)\b))");
+std::optional<Mending> bareIncludeList(const std::string& line) {
+    static const std::regex pattern(
+        R"(^([ \t]*include[ \t]+)([^[ \t,]+([ \t]*,[ \t]*[^ \t,]+)+)([ \t]+(if|unless)\b))");
     std::smatch match;
     if (!std::regex_search(line, match, pattern))
         return std::nullopt;
@@ -77,8 +73,7 @@ std::optional<Mending> bareIncludeList(const std::string& line)
                    "an include rule's list of several paths is written in brackets: " + list};
 }
 
-std::optional<Mending> notInWithSeveralBlanks(const std::string& line)
-{
+std::optional<Mending> notInWithSeveralBlanks(const std::string& line) {
     static const std::regex pattern(R"(\bnot([ \t]{2,}|\t)in\b)");
     const std::optional<std::string> mended = replacedFirst(line, pattern, "not in");
     if (!mended)
@@ -86,8 +81,7 @@ std::optional<Mending> notInWithSeveralBlanks(const std::string& line)
     return Mending{*mended, "'not in' is written with exactly one blank between the two words"};
 }
 
-std::optional<Mending> blankBeforeClosingBracket(const std::string& line)
-{
+std::optional<Mending> blankBeforeClosingBracket(const std::string& line) {
     static const std::regex pattern(R"(\[[ \t]*([^ \t,\]]+)[ \t]+\])");
     std::smatch match;
     if (!std::regex_search(line, match, pattern))
@@ -100,13 +94,11 @@ std::optional<Mending> blankBeforeClosingBracket(const std::string& line)
 const std::vector<std::string> keywords = {"exclude", "prune", "include", "if",     "unless", "and",
                                            "or",      "not",   "in",      "exists", "true",   "false"};
 
-bool isKeyword(const std::string& word)
-{
+bool isKeyword(const std::string& word) {
     return std::find(keywords.begin(), keywords.end(), word) != keywords.end();
 }
 
-std::optional<Mending> upperCaseKeyword(const std::string& line)
-{
+std::optional<Mending> upperCaseKeyword(const std::string& line) {
     static const std::regex word(R"([A-Za-z]+)");
     std::string mended = line;
     std::string first;
@@ -125,8 +117,7 @@ std::optional<Mending> upperCaseKeyword(const std::string& line)
     return Mending{mended, "keywords are lower case: " + first};
 }
 
-std::optional<Mending> doubleNot(const std::string& line)
-{
+std::optional<Mending> doubleNot(const std::string& line) {
     static const std::regex pattern(R"(\bnot[ \t]+not[ \t]+)");
     const std::optional<std::string> mended = replacedFirst(line, pattern, "");
     if (!mended)
@@ -134,20 +125,20 @@ std::optional<Mending> doubleNot(const std::string& line)
     return Mending{*mended, "'not' applies to one atom and cannot follow another 'not': write not (not x)"};
 }
 
-std::optional<Mending> literalOnTheLeft(const std::string& line)
-{
+std::optional<Mending> literalOnTheLeft(const std::string& line) {
     static const std::regex pattern(R"(\b(true|false)([ \t]*(==|!=|exists\b|in\b|not in\b)))");
     std::smatch match;
     if (!std::regex_search(line, match, pattern))
         return std::nullopt;
     const std::string literal = match[1].str();
     return Mending{match.prefix().str() + "\"" + literal + "\"" + match[2].str() + match.suffix().str(),
-                   literal + " is a literal, never the path on the left of a comparison; a path of that name is "
-                             "quoted: \"" + literal + "\""};
+                   literal +
+                       " is a literal, never the path on the left of a comparison; a path of that name is "
+                       "quoted: \"" +
+                       literal + "\""};
 }
 
-std::optional<Mending> emptyQuotedPath(const std::string& line)
-{
+std::optional<Mending> emptyQuotedPath(const std::string& line) {
     static const std::regex pattern(R"("")");
     const std::optional<std::string> mended = replacedFirst(line, pattern, "\"x\"");
     if (!mended)
@@ -155,16 +146,14 @@ std::optional<Mending> emptyQuotedPath(const std::string& line)
     return Mending{*mended, "a quoted path cannot be empty"};
 }
 
-bool isPathCharacter(char c)
-{
+bool isPathCharacter(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) || std::string("_$/\\:.#?*").find(c) != std::string::npos;
 }
 
 // The spans (start, end) of the runs of two or more words of path
 // characters that blanks alone part, none of the words a keyword: where a
 // path was read and ended at its first blank.
-std::vector<std::pair<std::size_t, std::size_t>> blankPartedWords(const std::string& line)
-{
+std::vector<std::pair<std::size_t, std::size_t>> blankPartedWords(const std::string& line) {
     std::vector<std::pair<std::size_t, std::size_t>> runs;
     std::optional<std::pair<std::size_t, std::size_t>> run;
     std::size_t words = 0;
@@ -200,8 +189,7 @@ std::vector<std::pair<std::size_t, std::size_t>> blankPartedWords(const std::str
 // A path that holds blanks, unquoted: on the right of == or != (taken to
 // the end of the line), or wherever a path is read (each run of words that
 // blanks part, in turn); the first quoting that makes the line parse.
-std::optional<Mending> unquotedBlank(const std::string& line)
-{
+std::optional<Mending> unquotedBlank(const std::string& line) {
     static const std::regex afterEquals(R"((==|!=)([ \t]*)([^ \t"%]+([ \t]+[^ \t"%]+)+))");
     std::vector<std::string> quoted;
     if (const std::optional<std::string> mended = replacedFirst(line, afterEquals, "$1$2\"$3\""))
@@ -215,16 +203,14 @@ std::optional<Mending> unquotedBlank(const std::string& line)
 }
 
 // "0xe9"
-std::string hexadecimal(unsigned char byte)
-{
+std::string hexadecimal(unsigned char byte) {
     static const char digits[] = "0123456789abcdef";
     return std::string("0x") + digits[byte >> 4] + digits[byte & 0xf];
 }
 
 // A character that no path can hold, quoted or not: any but letters,
 // digits, the path punctuation and what the language itself writes.
-std::optional<Mending> characterOutsidePaths(const std::string& line)
-{
+std::optional<Mending> characterOutsidePaths(const std::string& line) {
     static const std::string allowed = "_$/\\:.#?*\"[],()=! \t%";
     const std::string::size_type comment = line.find('%');
     for (std::string::size_type i = 0; i < line.size() && i < comment; ++i) {
@@ -246,11 +232,11 @@ const std::string::size_type longestLineHinted = 4096;
 
 } // namespace
 
-std::string syntaxHint(const std::string& report)
-{
-    static const std::vector<Pitfall> pitfalls = {
-        keywordAtEndOfText, bareIncludeList, notInWithSeveralBlanks, blankBeforeClosingBracket, upperCaseKeyword,
-        doubleNot,          literalOnTheLeft, emptyQuotedPath,       unquotedBlank,             characterOutsidePaths};
+std::string syntaxHint(const std::string& report) {
+    static const std::vector<Pitfall> pitfalls = {keywordAtEndOfText,        bareIncludeList,  notInWithSeveralBlanks,
+                                                  blankBeforeClosingBracket, upperCaseKeyword, doubleNot,
+                                                  literalOnTheLeft,          emptyQuotedPath,  unquotedBlank,
+                                                  characterOutsidePaths};
     const std::string line = offendingLine(report);
     if (line.empty() || line.size() > longestLineHinted)
         return std::string();

@@ -7,13 +7,11 @@
 namespace qxqr {
 
 TraceCommand::TraceCommand(CommandLine& qxqr)
-    : command(qxqr, "trace", "Parse a script with the library's debug trace on")
-{
+    : command(qxqr, "trace", "Parse a script with the library's debug trace on") {
     command.option("SCRIPT", script, "the rules script").typeName("").required();
 }
 
-Result TraceCommand::run(OperandReader&)
-{
+Result TraceCommand::run(OperandReader&) {
     Result result;
     StreamCapture trace;
     try {

@@ -3,8 +3,7 @@
 
 namespace qxqr {
 
-std::string verdict(bool excluded, bool pruned)
-{
+std::string verdict(bool excluded, bool pruned) {
     if (excluded && pruned)
         return "excluded, pruned";
     if (excluded)

@@ -11,8 +11,7 @@
 
 namespace qxqr {
 
-const char* nameOf(Fate fate)
-{
+const char* nameOf(Fate fate) {
     switch (fate) {
     case Fate::excluded:
         return "excluded";
@@ -26,12 +25,9 @@ const char* nameOf(Fate fate)
 
 WalkStopped::WalkStopped(Limit limit, std::string file, std::optional<std::string> caller, std::size_t reached)
     : std::runtime_error("walk stopped at a limit"), limit(limit), file(std::move(file)), caller(std::move(caller)),
-      reached(reached)
-{
-}
+      reached(reached) {}
 
-Visit visit(QuorelScript::Rules& rules, const std::string& file, const std::string* caller)
-{
+Visit visit(QuorelScript::Rules& rules, const std::string& file, const std::string* caller) {
     Visit result{file, std::nullopt, Fate::kept, std::nullopt, {}};
     if (caller)
         result.caller = *caller;
@@ -57,8 +53,7 @@ public:
 
     // Visits the first file waiting and meets its includes; false when no
     // file is waiting.
-    bool visitNext(const VisitReport& report)
-    {
+    bool visitNext(const VisitReport& report) {
         if (waiting.empty())
             return false;
         Pending next = waiting.front();
@@ -79,14 +74,13 @@ private:
     // elements stay where they are, so that a name is held only once.
     struct Pending {
         const std::string* file;
-        const std::string* caller;  // null for a start file
+        const std::string* caller; // null for a start file
         std::size_t depth;
     };
 
     // A file met again is already visited or waiting, and at no greater
     // depth, since files are visited in the order they are met.
-    void meet(const std::string& file, const std::string* caller, std::size_t depth)
-    {
+    void meet(const std::string& file, const std::string* caller, std::size_t depth) {
         if (met.count(file))
             return;
         if (depth > limits.maxDepth)
@@ -97,8 +91,7 @@ private:
     }
 
     static WalkStopped stopped(WalkStopped::Limit limit, const std::string& file, const std::string* caller,
-                               std::size_t reached)
-    {
+                               std::size_t reached) {
         return WalkStopped(limit, file, caller ? std::optional<std::string>(*caller) : std::nullopt, reached);
     }
 
@@ -112,8 +105,7 @@ private:
 } // namespace
 
 void walk(QuorelScript::Rules& rules, OperandReader& starts, const WalkLimits& limits, const VisitReport& report,
-          Progress& progress)
-{
+          Progress& progress) {
     Walker walker(rules, limits);
     std::string start;
     while (starts.next(start))

@@ -23,10 +23,10 @@ const char* nameOf(Fate fate);
 // One file met by a walk and what the rules made of it.
 struct Visit {
     std::string file;
-    std::optional<std::string> caller;     // the file whose include rules added it; none for a start file
+    std::optional<std::string> caller; // the file whose include rules added it; none for a start file
     Fate fate = Fate::kept;
-    std::optional<std::string> rule;       // the deciding rule's text, for an excluded or pruned file
-    std::vector<std::string> includes;     // what its include rules added (kept files only)
+    std::optional<std::string> rule;   // the deciding rule's text, for an excluded or pruned file
+    std::vector<std::string> includes; // what its include rules added (kept files only)
 };
 
 // Decides one file's fate, `caller` (null for a start file) being the file
@@ -39,8 +39,8 @@ using VisitReport = std::function<void(const Visit&)>;
 // (a path that grows by a directory each time, a symbolic link back to its
 // own directory), so without limits such a walk would never end.
 struct WalkLimits {
-    std::size_t maxFiles = 1000000;  // files met, start files included
-    std::size_t maxDepth = 1000;     // include steps from a start file
+    std::size_t maxFiles = 1000000; // files met, start files included
+    std::size_t maxDepth = 1000;    // include steps from a start file
 };
 
 // Thrown when the walk meets a file beyond one of its limits.
@@ -51,9 +51,9 @@ public:
     WalkStopped(Limit limit, std::string file, std::optional<std::string> caller, std::size_t reached);
 
     Limit limit;
-    std::string file;                   // the file met beyond the limit
-    std::optional<std::string> caller;  // what included it; none for a start file
-    std::size_t reached;                // its number among the files met, or its depth
+    std::string file;                  // the file met beyond the limit
+    std::optional<std::string> caller; // what included it; none for a start file
+    std::size_t reached;               // its number among the files met, or its depth
 };
 
 // What a dependency-analysis host does with a rule set, on any tree: from

@@ -20,8 +20,7 @@ namespace qxqr {
 
 namespace {
 
-std::string asText(const Visit& visit, bool explain)
-{
+std::string asText(const Visit& visit, bool explain) {
     std::string text = quotedName(visit.file) + ": " + nameOf(visit.fate);
     if (visit.caller)
         text += " (included by " + quotedName(*visit.caller) + ")";
@@ -31,8 +30,7 @@ std::string asText(const Visit& visit, bool explain)
     return text;
 }
 
-nlohmann::json asJson(const Visit& visit)
-{
+nlohmann::json asJson(const Visit& visit) {
     nlohmann::json item = {{"caller", nullptr}, {"fate", nameOf(visit.fate)}, {"rule", MatchText::toJson(visit.rule)}};
     putName(item, "file", visit.file);
     if (visit.caller)
@@ -41,14 +39,12 @@ nlohmann::json asJson(const Visit& visit)
     return item;
 }
 
-std::string summaryText(std::map<Fate, std::size_t> counts)
-{
-    return std::to_string(counts[Fate::kept]) + " kept, " + std::to_string(counts[Fate::excluded]) +
-           " excluded, " + std::to_string(counts[Fate::pruned]) + " pruned\n";
+std::string summaryText(std::map<Fate, std::size_t> counts) {
+    return std::to_string(counts[Fate::kept]) + " kept, " + std::to_string(counts[Fate::excluded]) + " excluded, " +
+           std::to_string(counts[Fate::pruned]) + " pruned\n";
 }
 
-nlohmann::json summaryJson(const std::map<Fate, std::size_t>& counts)
-{
+nlohmann::json summaryJson(const std::map<Fate, std::size_t>& counts) {
     nlohmann::json summary = nlohmann::json::object();
     for (const auto& [fate, count] : counts)
         summary[nameOf(fate)] = count;
@@ -57,8 +53,7 @@ nlohmann::json summaryJson(const std::map<Fate, std::size_t>& counts)
 
 // A check of the option parser: a limit is a whole number, at least
 // `least`, that fits the counters.
-std::function<std::string(const std::string&)> wholeNumberFrom(std::size_t least)
-{
+std::function<std::string(const std::string&)> wholeNumberFrom(std::size_t least) {
     return [least](const std::string& text) {
         std::string problem = "expected a whole number from " + std::to_string(least) + ", got '" + text + "'";
         if (text.empty() || text.find_first_not_of("0123456789") != std::string::npos)
@@ -73,8 +68,7 @@ std::function<std::string(const std::string&)> wholeNumberFrom(std::size_t least
 
 // Why the walk stopped, naming the file and the option that would let it
 // go further.
-std::string stopMessage(const WalkStopped& stopped, const WalkLimits& limits)
-{
+std::string stopMessage(const WalkStopped& stopped, const WalkLimits& limits) {
     std::string message = "qxqr: walk stopped at " + quotedName(stopped.file);
     if (stopped.caller)
         message += " (included by " + quotedName(*stopped.caller) + ")";
@@ -88,8 +82,7 @@ std::string stopMessage(const WalkStopped& stopped, const WalkLimits& limits)
 } // namespace
 
 WalkCommand::WalkCommand(CommandLine& qxqr)
-    : ScriptsCommand(qxqr, "walk", "Follow the include rules from start files and tell each file's fate", "START")
-{
+    : ScriptsCommand(qxqr, "walk", "Follow the include rules from start files and tell each file's fate", "START") {
     configuration.addOptions(command);
     command.flag("--explain", explain, "show the rule that excluded or pruned a file");
     command.flag("--no-progress", noProgress, "never show progress on standard error");
@@ -109,8 +102,7 @@ WalkCommand::WalkCommand(CommandLine& qxqr)
                    "A START of '-' reads file names from standard input, one a line.");
 }
 
-Result WalkCommand::run(OperandReader& starts)
-{
+Result WalkCommand::run(OperandReader& starts) {
     std::unique_ptr<QuorelScript::Rules> rules = loadRules(scripts);
     configuration.apply(*rules);
 

@@ -12,13 +12,11 @@ namespace {
 
 namespace Observe = QuorelScript::Observe;
 
-nlohmann::json nullOr(bool present, nlohmann::json value)
-{
+nlohmann::json nullOr(bool present, nlohmann::json value) {
     return present ? std::move(value) : nlohmann::json(nullptr);
 }
 
-nlohmann::json nodeJson(const Observe::Node& node, const Observe::NodeValue& value)
-{
+nlohmann::json nodeJson(const Observe::Node& node, const Observe::NodeValue& value) {
     nlohmann::json item = {{"kind", nodeName(node)}, {"evaluated", value.evaluated}};
     if (node.kind == Observe::NodeKind::Path) {
         item["written"] = node.text;
@@ -36,8 +34,7 @@ nlohmann::json nodeJson(const Observe::Node& node, const Observe::NodeValue& val
 // The condition as nested objects, built from a work list: each node's
 // object is made, then filled in by its operands, which the list holds as
 // the place where their object goes.
-nlohmann::json conditionJson(const Observe::Condition& condition, const std::vector<Observe::NodeValue>& values)
-{
+nlohmann::json conditionJson(const Observe::Condition& condition, const std::vector<Observe::NodeValue>& values) {
     nlohmann::json root;
     std::vector<std::pair<std::size_t, nlohmann::json*>> pending{{0, &root}};
     while (!pending.empty()) {
@@ -56,10 +53,10 @@ nlohmann::json conditionJson(const Observe::Condition& condition, const std::vec
     return root;
 }
 
-nlohmann::json ruleJson(const Observe::RuleTrace& rule, bool decides)
-{
-    nlohmann::json item = {{"script", rule.rule.script.empty() && rule.rule.line == 0 ? nlohmann::json(nullptr)
-                                                                                         : nlohmann::json(rule.rule.script)},
+nlohmann::json ruleJson(const Observe::RuleTrace& rule, bool decides) {
+    nlohmann::json item = {{"script", rule.rule.script.empty() && rule.rule.line == 0
+                                          ? nlohmann::json(nullptr)
+                                          : nlohmann::json(rule.rule.script)},
                            {"line", rule.rule.line == 0 ? nlohmann::json(nullptr) : nlohmann::json(rule.rule.line)},
                            {"text", rule.rule.text},
                            {"evaluated", rule.evaluated},
@@ -81,17 +78,15 @@ nlohmann::json ruleJson(const Observe::RuleTrace& rule, bool decides)
 }
 
 // The variables as the text output names them, --set values included.
-nlohmann::json referredJson(const std::vector<ShownVariable>& shown)
-{
+nlohmann::json referredJson(const std::vector<ShownVariable>& shown) {
     nlohmann::json referred = nlohmann::json::array();
     for (const ShownVariable& variable : shown)
-        referred.push_back({{"name", variable.name}, {"value", nullOr(variable.value.has_value(),
-                                                                      variable.value.value_or(std::string()))}});
+        referred.push_back({{"name", variable.name},
+                            {"value", nullOr(variable.value.has_value(), variable.value.value_or(std::string()))}});
     return referred;
 }
 
-nlohmann::json questionJson(const Observe::QueryTrace& trace, const WhyVariables& shown)
-{
+nlohmann::json questionJson(const Observe::QueryTrace& trace, const WhyVariables& shown) {
     nlohmann::json variables = nlohmann::json::object();
     for (const auto& variable : trace.variables)
         variables[variable.name] = variable.value;
@@ -106,8 +101,7 @@ nlohmann::json questionJson(const Observe::QueryTrace& trace, const WhyVariables
 
 } // namespace
 
-nlohmann::json whyJson(const FileTraces& traces, const WhyVariables& variables)
-{
+nlohmann::json whyJson(const FileTraces& traces, const WhyVariables& variables) {
     nlohmann::json item = {{"excluded", questionJson(traces.excluded, variables)},
                            {"pruned", questionJson(traces.pruned, variables)},
                            {"includes", questionJson(traces.includes, variables)}};

@@ -15,8 +15,7 @@ namespace {
 namespace Observe = QuorelScript::Observe;
 
 // The rule's place and its text on one line: continuation lines joined.
-std::string heading(const Observe::Rule& rule)
-{
+std::string heading(const Observe::Rule& rule) {
     if (rule.script.empty() && rule.line == 0)
         return rule.recordedText;
     std::string text;
@@ -32,15 +31,13 @@ std::string heading(const Observe::Rule& rule)
     return rule.script + ":" + std::to_string(rule.line) + ": " + text;
 }
 
-std::string mark(const Observe::NodeValue& value, const Palette& palette)
-{
+std::string mark(const Observe::NodeValue& value, const Palette& palette) {
     if (!value.evaluated)
         return palette.unasked + "-     " + palette.reset;
     return value.value ? palette.holds + "true  " + palette.reset : palette.fails + "false " + palette.reset;
 }
 
-std::string pathLine(const Observe::Node& node, const Observe::NodeValue& value, bool matched)
-{
+std::string pathLine(const Observe::Node& node, const Observe::NodeValue& value, bool matched) {
     std::string line = "      " + node.text;
     if (value.evaluated && value.text != node.text)
         line += " = " + quotedName(value.text);
@@ -51,8 +48,7 @@ std::string pathLine(const Observe::Node& node, const Observe::NodeValue& value,
 
 // The condition as an indented tree, one node a line, from a work list.
 std::string conditionText(const Observe::Condition& condition, const std::vector<Observe::NodeValue>& values,
-                          const Palette& palette, const std::string& indent)
-{
+                          const Palette& palette, const std::string& indent) {
     struct Pending {
         std::size_t index;
         std::size_t depth;
@@ -79,13 +75,11 @@ std::string conditionText(const Observe::Condition& condition, const std::vector
 }
 
 // "a directory", "a pattern" or "a plain path".
-std::string expansionPhrase(Observe::Expansion expansion)
-{
+std::string expansionPhrase(Observe::Expansion expansion) {
     return "a " + expansionName(expansion) + (expansion == Observe::Expansion::Plain ? " path" : "");
 }
 
-std::string includedText(const Observe::RuleTrace& rule, const std::string& indent)
-{
+std::string includedText(const Observe::RuleTrace& rule, const std::string& indent) {
     std::string text;
     for (std::size_t i = 0; i < rule.included.size(); ++i) {
         const auto& included = rule.included[i];
@@ -99,8 +93,7 @@ std::string includedText(const Observe::RuleTrace& rule, const std::string& inde
     return text;
 }
 
-std::string ruleText(const Observe::RuleTrace& rule, bool decides, const Palette& palette)
-{
+std::string ruleText(const Observe::RuleTrace& rule, bool decides, const Palette& palette) {
     const std::string indent = "      ";
     if (!rule.evaluated)
         return palette.unasked + "    " + heading(rule.rule) + palette.reset + "\n" + indent + palette.unasked +
@@ -112,8 +105,7 @@ std::string ruleText(const Observe::RuleTrace& rule, bool decides, const Palette
 
 // "$file = src/a.c, $mode (not bound)" on one line, or nothing when the
 // rules refer to no variable.
-std::string variablesText(const std::vector<ShownVariable>& variables)
-{
+std::string variablesText(const std::vector<ShownVariable>& variables) {
     if (variables.empty())
         return "";
     std::string text = "    variables: ";
@@ -125,8 +117,7 @@ std::string variablesText(const std::vector<ShownVariable>& variables)
 }
 
 std::string questionText(const std::string& question, const std::string& answer, const Observe::QueryTrace& trace,
-                         const char* kind, const WhyVariables& variables, const Palette& palette)
-{
+                         const char* kind, const WhyVariables& variables, const Palette& palette) {
     std::string text = "  " + question + ": " + answer + "\n" + variablesText(variables.shown(trace));
     if (trace.rules.empty())
         text += std::string("    no ") + kind + " rules\n";
@@ -135,8 +126,7 @@ std::string questionText(const std::string& question, const std::string& answer,
     return text;
 }
 
-std::string includesAnswer(const Observe::QueryTrace& trace)
-{
+std::string includesAnswer(const Observe::QueryTrace& trace) {
     std::size_t files = 0;
     for (const Observe::RuleTrace& rule : trace.rules)
         for (const auto& included : rule.included)
@@ -146,14 +136,12 @@ std::string includesAnswer(const Observe::QueryTrace& trace)
 
 } // namespace
 
-std::string whyText(const FileTraces& traces, const WhyVariables& variables, const Palette& palette)
-{
+std::string whyText(const FileTraces& traces, const WhyVariables& variables, const Palette& palette) {
     return quotedName(traces.file) + ": " + verdict(traces.excluded.answer, traces.pruned.answer) + "\n" +
            questionText("excluded", traces.excluded.answer ? "yes" : "no", traces.excluded, "exclude", variables,
                         palette) +
            questionText("pruned", traces.pruned.answer ? "yes" : "no", traces.pruned, "prune", variables, palette) +
-           questionText("includes", includesAnswer(traces.includes), traces.includes, "include", variables,
-                        palette);
+           questionText("includes", includesAnswer(traces.includes), traces.includes, "include", variables, palette);
 }
 
 } // namespace qxqr

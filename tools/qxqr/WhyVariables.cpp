@@ -12,8 +12,7 @@ namespace {
 
 using QuorelScript::Observe::QueryTrace;
 
-std::optional<std::string> boundByQuery(const QueryTrace& trace, const std::string& name)
-{
+std::optional<std::string> boundByQuery(const QueryTrace& trace, const std::string& name) {
     for (const auto& variable : trace.variables)
         if (variable.name == name)
             return variable.value;
@@ -23,8 +22,7 @@ std::optional<std::string> boundByQuery(const QueryTrace& trace, const std::stri
 } // namespace
 
 WhyVariables::WhyVariables(const QuorelScript::Rules& rules, std::map<std::string, std::string> setValues)
-    : setValues(std::move(setValues))
-{
+    : setValues(std::move(setValues)) {
     const auto note = [](std::vector<Written>& written, const QuorelScript::Observe::Node& node, bool inCondition) {
         for (const std::string& name : node.variables) {
             auto known = std::find_if(written.begin(), written.end(),
@@ -44,8 +42,7 @@ WhyVariables::WhyVariables(const QuorelScript::Rules& rules, std::map<std::strin
     }
 }
 
-std::vector<ShownVariable> WhyVariables::shown(const QueryTrace& trace) const
-{
+std::vector<ShownVariable> WhyVariables::shown(const QueryTrace& trace) const {
     std::vector<ShownVariable> shown;
     // The question's rules are of the kind it asks about; without any, no
     // rule refers to anything.

@@ -29,8 +29,7 @@ using namespace qxqr;
 
 // The tool's version is that of the headers it was built with; the
 // library's is that of the one loaded, which may be a later one.
-std::string versionText()
-{
+std::string versionText() {
     return "qxqr " + std::to_string(QXQRSCRIPT_VERSION_MAJOR) + "." + std::to_string(QXQRSCRIPT_VERSION_MINOR) + "." +
            std::to_string(QXQRSCRIPT_VERSION_PATCH) + "\n" + "libqxqrscript " + libqxqrscript_version + " (built " +
            libqxqrscript_build_date + ")";
@@ -38,8 +37,7 @@ std::string versionText()
 
 // Standard input is read once: it can give one script, or the list of
 // files, but not two of these.
-void requireStandardInputOnce(Command& command, const Arguments& arguments)
-{
+void requireStandardInputOnce(Command& command, const Arguments& arguments) {
     const std::vector<std::string> scripts = command.scriptOperands();
     const auto scriptsFromIt = std::count(scripts.begin(), scripts.end(), "-");
     if (scriptsFromIt > 1)
@@ -52,8 +50,7 @@ void requireStandardInputOnce(Command& command, const Arguments& arguments)
 
 // A command line that the argument parser accepted can still lack the
 // words after "--", or have them where the command takes none.
-Result runCommand(Command& command, const Arguments& arguments)
-{
+Result runCommand(Command& command, const Arguments& arguments) {
     requireStandardInputOnce(command, arguments);
     const char* operandName = command.operandName();
     if (!operandName && arguments.separated)
@@ -64,20 +61,18 @@ Result runCommand(Command& command, const Arguments& arguments)
     return command.run(operands);
 }
 
-Command& selectedCommand(const std::vector<Command*>& commands)
-{
+Command& selectedCommand(const std::vector<Command*>& commands) {
     for (Command* command : commands)
         if (command->subcommand().selected())
             return *command;
-    throw std::logic_error("no command selected");  // require_subcommand(1) rules this out
+    throw std::logic_error("no command selected"); // require_subcommand(1) rules this out
 }
 
 // What a command built of its answer (a streamed answer is already out),
 // then its message. An answer that cannot be written out (a full disk, say)
 // ends the tool with an error, never with a silent success; once writing
 // has failed, only the error follows.
-int write(const Result& result)
-{
+int write(const Result& result) {
     try {
         if (!result.out.empty())
             writeStandardOutput(result.out);
@@ -91,8 +86,7 @@ int write(const Result& result)
 
 } // namespace
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     Arguments arguments = splitAtSeparator(argc, argv);
 
     CommandLine qxqr("Check, query, walk, explain and lint rules scripts, and find what programs need under them.",

@@ -213,7 +213,8 @@ Expression<bool>* simplified(Expression<bool>* condition) {
     if (is<Not>(condition))
         return simplifiedNegation(std::move(node));
     if (is<MultiAndExpression>(condition))
-        return simplifiedJunction(std::unique_ptr<MultiAndExpression>(static_cast<MultiAndExpression*>(node.release())));
+        return simplifiedJunction(
+            std::unique_ptr<MultiAndExpression>(static_cast<MultiAndExpression*>(node.release())));
     if (is<MultiOrExpression>(condition))
         return simplifiedJunction(std::unique_ptr<MultiOrExpression>(static_cast<MultiOrExpression*>(node.release())));
     return node.release();

@@ -48,20 +48,74 @@ bool chance(Random& random, int percent) {
 // Paths as a script may write them: every variable, lone and inside longer
 // texts, unknown ones, fixed texts that files will and will not match,
 // doubled slashes and quotes.
-const char* const scriptPaths[] = {
-    "$file",     "$dir",          "$name",           "$ext",           "$caller",      "$vantor",
-    "$toolbox",  "$cwd",          "$vrk",            "$arch",          "$lib",         "$unknown",
-    "$dir/$name.h", "$dir/$name$ext", "$vantor/lib/", "$toolbox/include", "$cwd/src/", "$file.o",
-    "$name$vrk", "/usr/include/", "/usr/include", "/opt/v",       "/opt/v/toolbox/", "src",        "src/gen",
-    "src/gen/",  ".c",            ".h",              ".so",            "x.c",          "main",         "a//b",
-    "/",         "\"a b\"",       "\"/s p/x.c\"",    "ia32lx",         ".vrkilx",      "#x",           "c:\\d",
-    "$dir/*.c",  "$dir/?.h",      "*.c",             "/work/src",      "$x/y",         "plugins/*",    "."};
+const char* const scriptPaths[] = {"$file",
+                                   "$dir",
+                                   "$name",
+                                   "$ext",
+                                   "$caller",
+                                   "$vantor",
+                                   "$toolbox",
+                                   "$cwd",
+                                   "$vrk",
+                                   "$arch",
+                                   "$lib",
+                                   "$unknown",
+                                   "$dir/$name.h",
+                                   "$dir/$name$ext",
+                                   "$vantor/lib/",
+                                   "$toolbox/include",
+                                   "$cwd/src/",
+                                   "$file.o",
+                                   "$name$vrk",
+                                   "/usr/include/",
+                                   "/usr/include",
+                                   "/opt/v",
+                                   "/opt/v/toolbox/",
+                                   "src",
+                                   "src/gen",
+                                   "src/gen/",
+                                   ".c",
+                                   ".h",
+                                   ".so",
+                                   "x.c",
+                                   "main",
+                                   "a//b",
+                                   "/",
+                                   "\"a b\"",
+                                   "\"/s p/x.c\"",
+                                   "ia32lx",
+                                   ".vrkilx",
+                                   "#x",
+                                   "c:\\d",
+                                   "$dir/*.c",
+                                   "$dir/?.h",
+                                   "*.c",
+                                   "/work/src",
+                                   "$x/y",
+                                   "plugins/*",
+                                   "."};
 
 // The shapes an index covers: a variable of the file against fixed texts.
 const char* const fileVariables[] = {"$file", "$dir", "$name", "$ext", "$caller"};
-const char* const fixedPaths[] = {"/usr/include/", "/opt/v/toolbox/", "src/gen", "src", ".c", ".h", ".so", "x.c",
-                                  "main",          "/",               "$vantor", "a//b", "/opt/v", "/work/src", "c",
-                                  "$cwd",          "$toolbox/include/", "$vrk", "$unknown"};
+const char* const fixedPaths[] = {"/usr/include/",
+                                  "/opt/v/toolbox/",
+                                  "src/gen",
+                                  "src",
+                                  ".c",
+                                  ".h",
+                                  ".so",
+                                  "x.c",
+                                  "main",
+                                  "/",
+                                  "$vantor",
+                                  "a//b",
+                                  "/opt/v",
+                                  "/work/src",
+                                  "c",
+                                  "$cwd",
+                                  "$toolbox/include/",
+                                  "$vrk",
+                                  "$unknown"};
 
 const char* const fileNames[] = {"",
                                  "/a/b/c.d.e",
@@ -266,7 +320,8 @@ std::string queryFile(Random& random) {
     const int pieces = std::uniform_int_distribution<int>(1, 5)(random);
     for (int i = 0; i < pieces; ++i) {
         file += pick(random, {"/", "//", "", " "});
-        file += chance(random, 5) ? std::string(300, 'n') : pick(random, {"src", "gen", "a.b", "x.c", "$dir", "..", "."});
+        file +=
+            chance(random, 5) ? std::string(300, 'n') : pick(random, {"src", "gen", "a.b", "x.c", "$dir", "..", "."});
     }
     return file;
 }
@@ -324,8 +379,8 @@ int compareQueries(Twins& twins, const char* file, const char* caller) {
     EXPECT_EQ(twins.plainLastMatch, twins.fast->getLastMatchText()) << "getLastMatchText after isPruned";
 
     const Observed fastInclude = observe([&] { twins.fast->getIncludes(file, nullptr, includer); });
-    const Observed plainInclude = observe(
-        [&] { PlainQueries::includes(twins.plain->includeRuleList(), twins.configuration, file, includer); });
+    const Observed plainInclude =
+        observe([&] { PlainQueries::includes(twins.plain->includeRuleList(), twins.configuration, file, includer); });
     expectAlike(plainInclude, fastInclude, "getIncludes");
     EXPECT_EQ(twins.plainLastMatch, twins.fast->getLastMatchText()) << "getLastMatchText after getIncludes";
     return questionsAsked(twins.plain->excludeRuleList()) + questionsAsked(twins.plain->pruneRuleList()) +

@@ -28,8 +28,7 @@ TEST(LintDirectives, FaultsAreNamesThatAreNoCheckAndLinesOfAnotherForm) {
                              "  %qxqr-lint: disable=fixed-exists reason\n"
                              "% qxqr-lint: disable=fixed-exists\n"
                              "% a comment on qxqr-lint: disable=nope\n";
-    const std::vector<qxqr::DirectiveFault> faults =
-        ScriptDirectives(text).faults({"fixed-exists", "prefix-surprise"});
+    const std::vector<qxqr::DirectiveFault> faults = ScriptDirectives(text).faults({"fixed-exists", "prefix-surprise"});
     ASSERT_EQ(3u, faults.size());
     EXPECT_EQ(1, faults[0].line);
     EXPECT_EQ("the directive names no check 'prefix-suprise', which it does not turn off; did you mean "

@@ -26,8 +26,10 @@ TEST(QuotedName, UnicodeIsShownAsItIs) {
 
 TEST(QuotedName, TheCharactersJustOutsidePrintableAsciiAreQuoted) {
     EXPECT_EQ("'a b'", quotedName("a b"));
-    EXPECT_EQ("'a'$'\\177''b'", quotedName("a\x7F" "b"));
-    EXPECT_EQ("'a'$'\\037''b'", quotedName("a\x1F" "b"));
+    EXPECT_EQ("'a'$'\\177''b'", quotedName("a\x7F"
+                                           "b"));
+    EXPECT_EQ("'a'$'\\037''b'", quotedName("a\x1F"
+                                           "b"));
     EXPECT_EQ("'a'\\''b'", quotedName("a'b"));
 }
 
