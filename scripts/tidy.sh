@@ -18,6 +18,11 @@ build_dir=$1
 jobs=$2
 root=$(pwd)
 
+# Each layer's headers are reached through a link in the build folder (see
+# src/CMakeLists.txt), and the compiler names them by that path: the filter
+# takes those as well as the project's own folders.
+layers=$(cd "$build_dir" && pwd)/src/layers
+
 run-clang-tidy-14 -p "$build_dir" -j "$jobs" -quiet \
-    -header-filter="^$root/(include|src|tools)/" "^$root/(src|tools)/" 2>&1 \
+    -header-filter="^($root/(include|src|tools)|$layers)/" "^$root/(src|tools)/" 2>&1 \
     | sed -E '/^clang-tidy-14 /d; /^[0-9]+ warnings? generated\.$/d'

@@ -25,7 +25,7 @@ class Rules;
 class QXQRSCRIPT_API FileReader {
 public:
     // The largest script file read: 128 MiB.
-    static constexpr std::size_t maxFileSize = 128 * 1024 * 1024;
+    static constexpr std::size_t maxFileSize = std::size_t{128} * 1024 * 1024;
 
     FileReader();
 

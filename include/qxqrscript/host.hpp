@@ -25,7 +25,7 @@ QXQRSCRIPT_API char* hbGetcwd(char* buffer, std::size_t size);
 // A callback that receives one path.
 class QXQRSCRIPT_API kfStringProcedure {
 public:
-    virtual ~kfStringProcedure() {}
+    virtual ~kfStringProcedure() = default;
     virtual bool operator()(const char* path) const = 0;
 };
 

@@ -12,7 +12,7 @@ namespace QuorelScript {
 // Orders paths by their text, and lets a map of paths be searched with a
 // bare text, so that looking a name up needs no path made for it.
 struct PathOrder {
-    typedef void is_transparent;
+    using is_transparent = void;
 
     bool operator()(const Path& a, const Path& b) const { return a < b; }
     bool operator()(const Path& a, std::string_view b) const { return std::string_view(a.text()) < b; }
@@ -22,7 +22,7 @@ struct PathOrder {
 // The variables of one query: a bare name such as "file" mapped to its value.
 class Bindings : public std::map<Path, Path, PathOrder> {
 public:
-    Bindings() {}
+    Bindings() = default;
 
     // The variables of a query about `file`, referred to by `caller`, under
     // the installation root `vantorRoot` and the directory `cwd`. A null

@@ -13,7 +13,7 @@ class Bindings;
 template <class T>
 class Expression {
 public:
-    virtual ~Expression() {}
+    virtual ~Expression() = default;
 
     // The node's value, with path variables taken from `bindings`.
     virtual T evaluate(const Bindings& bindings) const = 0;

@@ -54,7 +54,7 @@ public:
     // right operand yet.
     Expression<bool>* copyWithoutRight() const {
         return apply([](auto& link) -> Expression<bool>* {
-            typedef std::decay_t<decltype(link)> Link;
+            using Link = std::decay_t<decltype(link)>;
             return newOwner<Link>(OwnedPointer<Expression<bool>>(link.left()->clone()),
                                   OwnedPointer<Expression<bool>>());
         });
@@ -71,8 +71,8 @@ private:
     Like<OrExpression>* or_;
 };
 
-typedef Link<const Expression<bool>> ReadLink;
-typedef Link<Expression<bool>> WriteLink;
+using ReadLink = Link<const Expression<bool>>;
+using WriteLink = Link<Expression<bool>>;
 
 } // namespace
 

@@ -18,7 +18,7 @@ namespace QuorelScript {
 template <class R, class Derived>
 class MultiExpression : public Expression<R> {
 public:
-    typedef std::vector<Expression<bool>*> Operands;
+    using Operands = std::vector<Expression<bool>*>;
 
     MultiExpression() : operands_(new Operands) {}
     MultiExpression(const MultiExpression&) = delete;

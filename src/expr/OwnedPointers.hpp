@@ -33,12 +33,12 @@ struct OwnedListDeleter;
 // The deleter of OwnedPointer<T>: a vector of owning pointers goes with its elements.
 template <class T>
 struct OwnedDeleter {
-    typedef std::default_delete<T> type;
+    using type = std::default_delete<T>;
 };
 
 template <class T>
 struct OwnedDeleter<std::vector<T*>> {
-    typedef OwnedListDeleter<T> type;
+    using type = OwnedListDeleter<T>;
 };
 
 // Sole ownership of `T` between two owners.
@@ -71,8 +71,8 @@ struct OwnedListDeleter {
 template <class T>
 void pushOwned(std::vector<T*>& elements, T* element) {
     OwnedPointer<T> owned(element);
-    elements.push_back(element);
-    owned.release();
+    elements.push_back(nullptr); // the slot first: only this may fail
+    elements.back() = owned.release();
 }
 
 // Appends `element` to the heap vector `list`, which the first element

@@ -15,9 +15,9 @@ namespace QuorelScript {
 
 class Bindings;
 
-typedef kfPathString_<std::string> PathString;
-typedef kfStringNormalizer<PathString> PathNormalizer;
-typedef kfWellFormedPathNormalizer<PathString> WellFormedPathNormalizer;
+using PathString = kfPathString_<std::string>;
+using PathNormalizer = kfStringNormalizer<PathString>;
+using WellFormedPathNormalizer = kfWellFormedPathNormalizer<PathString>;
 
 // A path: its characters, tied to a normalizer through which assignments
 // pass. Copies share the normalizer. Paths compare byte by byte.

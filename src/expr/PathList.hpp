@@ -13,14 +13,14 @@ namespace QuorelScript {
 
 // A list of path expressions in script order: the right side of "in" and the
 // paths of an include rule. Whoever holds the list owns it and its elements.
-typedef std::vector<Expression<Path>*> PathList;
+using PathList = std::vector<Expression<Path>*>;
 
 // Deletes every element, then the list; a null list is allowed.
 inline void deletePathList(PathList* list) {
     deleteOwned(list);
 }
 // A list held together with its elements.
-typedef OwnedPointer<PathList> OwnedPathList;
+using OwnedPathList = OwnedPointer<PathList>;
 
 // A new list that reserves the source's size and receives the elements' clones in order.
 PathList* clonePathList(const PathList& list);

@@ -15,9 +15,9 @@
 template <class S>
 class kfPathString_ {
 public:
-    typedef S string_type;
-    typedef kfStringNormalizer<kfPathString_> Normalizer;
-    typedef boost::shared_ptr<Normalizer> NormalizerHandle;
+    using string_type = S;
+    using Normalizer = kfStringNormalizer<kfPathString_>;
+    using NormalizerHandle = boost::shared_ptr<Normalizer>;
 
     // Takes the string's handle away for the lifetime of this object and
     // gives it back at the end, also when an exception passes. Meanwhile the
@@ -38,7 +38,7 @@ public:
         NormalizerHandle normalizer_;
     };
 
-    kfPathString_() {}
+    kfPathString_() = default;
     explicit kfPathString_(const NormalizerHandle& normalizer) : normalizer_(normalizer) {}
 
     // Makes the string hold the `length` characters at `chars`: through the

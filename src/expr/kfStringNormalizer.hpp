@@ -10,7 +10,7 @@
 template <class S>
 class kfStringNormalizer {
 public:
-    virtual ~kfStringNormalizer() {}
+    virtual ~kfStringNormalizer() = default;
 
     // Makes `target` hold the `length` characters at `chars`, normalized.
     virtual void assign(S& target, const char* chars, std::size_t length) = 0;

@@ -29,9 +29,9 @@ public:
     }
 
 private:
-    typedef typename S::string_type string_type;
-    typedef typename string_type::size_type size_type;
-    typedef kfStringNormalizer<S> Normalizer;
+    using string_type = typename S::string_type;
+    using size_type = typename string_type::size_type;
+    using Normalizer = kfStringNormalizer<S>;
 
     static void trimLeadingWhiteSpace(S& target, Normalizer* detached) {
         const size_type first = target.str().find_first_not_of(QuorelScript::pathWhiteSpace);

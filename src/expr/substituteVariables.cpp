@@ -10,7 +10,7 @@ namespace QuorelScript {
 
 namespace {
 
-typedef std::string::size_type Position;
+using Position = std::string::size_type;
 
 const char nameCharacters[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_1234567890";
 

@@ -7,7 +7,7 @@
 
 namespace QuorelScript {
 
-FileReader::FileReader() {}
+FileReader::FileReader() = default;
 
 void FileReader::read(Rules* rules, const char* file) {
     std::string contents;

@@ -19,7 +19,7 @@ namespace QuorelScript {
 namespace {
 
 // How much one read asks for: what a pipe holds at most.
-const std::size_t chunkSize = 64 * 1024;
+const std::size_t chunkSize = std::size_t{64} * 1024;
 
 class Descriptor {
 public:

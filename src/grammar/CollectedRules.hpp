@@ -15,7 +15,7 @@ namespace QuorelScript {
 template <class R>
 class CollectedRules {
 public:
-    typedef std::vector<R*> List;
+    using List = std::vector<R*>;
 
     CollectedRules() : list_(nullptr) {}
     CollectedRules(const CollectedRules&) = delete;

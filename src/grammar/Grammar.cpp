@@ -33,7 +33,7 @@ using pelor::lit;
 using pelor::one_or_more;
 using pelor::zero_or_more;
 
-typedef pelor::ref<pelor::rule> Ref;
+using Ref = pelor::ref<pelor::rule>;
 
 Ref ref(const pelor::rule& rule) {
     return Ref(rule);
@@ -61,7 +61,7 @@ auto continuation() {
 // look-ahead needs that character, so it fails at the very end of the text:
 // a keyword that ends the text is not recognised.
 auto boundary() {
-    typedef pelor::not_char_predicate<pelor::word_char> NotWordChar;
+    using NotWordChar = pelor::not_char_predicate<pelor::word_char>;
     return at(pelor::char_class<NotWordChar>(NotWordChar(pelor::word_char())));
 }
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "grammar/GrammarConstants.hpp"
 
-namespace QuorelScript {
-namespace GrammarConstants {
+namespace QuorelScript::GrammarConstants {
 
 const char space = ' ';
 const char tab = '\t';
@@ -12,5 +11,4 @@ const char lineFeed = '\n';
 const BooleanLiteral trueLiteral(true);
 const BooleanLiteral falseLiteral(false);
 
-} // namespace GrammarConstants
-} // namespace QuorelScript
+} // namespace QuorelScript::GrammarConstants

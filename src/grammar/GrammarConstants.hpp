@@ -6,11 +6,7 @@
 
 #include <string>
 
-namespace QuorelScript {
-
-// The constants the grammar is built from. They are created once, when the
-// library is loaded, and only read afterwards, so every parser shares them.
-namespace GrammarConstants {
+namespace QuorelScript::GrammarConstants {
 
 extern const char space;
 extern const char tab;
@@ -21,8 +17,6 @@ extern const char lineFeed;
 extern const BooleanLiteral trueLiteral;
 extern const BooleanLiteral falseLiteral;
 
-} // namespace GrammarConstants
-
-} // namespace QuorelScript
+} // namespace QuorelScript::GrammarConstants
 
 #endif

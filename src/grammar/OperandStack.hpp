@@ -14,7 +14,7 @@ namespace QuorelScript {
 template <class T>
 class OperandStack {
 public:
-    OperandStack() {}
+    OperandStack() = default;
     OperandStack(const OperandStack&) = delete;
     OperandStack& operator=(const OperandStack&) = delete;
     ~OperandStack() { clear(); }

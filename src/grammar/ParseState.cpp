@@ -3,8 +3,7 @@
 
 namespace QuorelScript {
 
-ParseState::ParseState(int nestingLimit)
-    : nesting_(nestingLimit), debugVerbose_(false), lineCount_(0), scriptName_("<anonymous script>") {}
+ParseState::ParseState(int nestingLimit) : nesting_(nestingLimit), scriptName_("<anonymous script>") {}
 
 void ParseState::beginText() {
     // Alternatives that fail after their actions have pushed operands leave

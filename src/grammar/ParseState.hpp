@@ -61,8 +61,8 @@ private:
     std::tuple<OperandStack<Expression<bool>>, OperandStack<Expression<Path>>, OperandStack<PathList>> stacks_;
     std::tuple<CollectedRules<ExcludeRule>, CollectedRules<IncludeRule>, CollectedRules<PruneRule>> collected_;
 
-    bool debugVerbose_;
-    int lineCount_;
+    bool debugVerbose_{false};
+    int lineCount_{0};
     std::string scriptName_;
 };
 

@@ -14,7 +14,7 @@
 
 namespace {
 
-typedef std::vector<std::string> Paths;
+using Paths = std::vector<std::string>;
 
 bool isDotOrDotDot(const char* name) {
     return std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <qxqrscript/host.hpp>
 
-kfIgnoreString::~kfIgnoreString() {}
+kfIgnoreString::~kfIgnoreString() = default;
 
 bool kfIgnoreString::operator()(const char*) const {
     return false;

@@ -8,7 +8,7 @@ namespace QuorelScript {
 RecordedText splitRecordedText(const std::string& recorded) {
     static const std::string lineMark = ", line ";
     static const std::string headingEnd = ": ";
-    const RecordedText whole{std::string(), 0, recorded};
+    RecordedText whole{std::string(), 0, recorded};
     const std::string::size_type lineEnd = recorded.find('\n');
     if (lineEnd == std::string::npos || lineEnd < headingEnd.size() ||
         recorded.compare(lineEnd - headingEnd.size(), headingEnd.size(), headingEnd) != 0)

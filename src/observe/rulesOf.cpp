@@ -4,9 +4,7 @@
 
 #include <qxqrscript/observe.hpp>
 
-namespace QuorelScript {
-
-namespace Observe {
+namespace QuorelScript::Observe {
 
 namespace {
 
@@ -46,6 +44,4 @@ std::vector<Rule> rulesOf(const Rules& rules, RuleKind kind) {
     return views;
 }
 
-} // namespace Observe
-
-} // namespace QuorelScript
+} // namespace QuorelScript::Observe

@@ -7,9 +7,7 @@
 
 #include <qxqrscript/observe.hpp>
 
-namespace QuorelScript {
-
-namespace Observe {
+namespace QuorelScript::Observe {
 
 namespace {
 
@@ -136,6 +134,4 @@ QueryTrace traceQuery(Rules& rules, Question question, const char* file, const c
     return trace;
 }
 
-} // namespace Observe
-
-} // namespace QuorelScript
+} // namespace QuorelScript::Observe

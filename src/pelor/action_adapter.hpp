@@ -4,6 +4,8 @@
 
 #include "pelor/parser.hpp"
 
+#include <utility>
+
 namespace pelor {
 
 // Semantic action: matches `Subject`, then at once calls
@@ -22,7 +24,7 @@ namespace pelor {
 template <class Subject, class Action>
 class action_adapter : public parser<action_adapter<Subject, Action>> {
 public:
-    action_adapter(const Subject& subject, const Action& action) : subject_(subject), action_(action) {}
+    action_adapter(Subject subject, Action action) : subject_(std::move(subject)), action_(std::move(action)) {}
 
     template <class Iterator>
     bool match(Iterator& pos, Iterator end) const {

@@ -4,6 +4,8 @@
 
 #include "pelor/parser.hpp"
 
+#include <utility>
+
 namespace pelor {
 
 // Sequence: matches `A`, then `B` from where `A` stopped. Both run on a local
@@ -12,7 +14,7 @@ namespace pelor {
 template <class A, class B>
 class and_adapter : public parser<and_adapter<A, B>> {
 public:
-    and_adapter(const A& left, const B& right) : left_(left), right_(right) {}
+    and_adapter(A left, B right) : left_(std::move(left)), right_(std::move(right)) {}
 
     template <class Iterator>
     bool match(Iterator& pos, Iterator end) const {

@@ -5,6 +5,7 @@
 #include "pelor/parser.hpp"
 
 #include <cstddef>
+#include <utility>
 
 namespace pelor {
 
@@ -29,8 +30,8 @@ namespace pelor {
 template <class Open, class Item, class Close>
 class balanced_adapter : public parser<balanced_adapter<Open, Item, Close>> {
 public:
-    balanced_adapter(const Open& open, const Item& item, const Close& close)
-        : open_(open), item_(item), close_(close) {}
+    balanced_adapter(Open open, Item item, Close close)
+        : open_(std::move(open)), item_(std::move(item)), close_(std::move(close)) {}
 
     template <class Iterator>
     bool match(Iterator& pos, Iterator end) const {

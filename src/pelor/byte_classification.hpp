@@ -2,8 +2,7 @@
 #ifndef QXQRSCRIPT_PELOR_BYTE_CLASSIFICATION_HPP
 #define QXQRSCRIPT_PELOR_BYTE_CLASSIFICATION_HPP
 
-namespace pelor {
-namespace detail {
+namespace pelor::detail {
 
 // The argument a byte is classified by: the byte taken as a signed char and
 // widened to int. Bytes of 0x80 and above therefore reach the classification
@@ -13,7 +12,6 @@ inline int classification_code(char byte) {
     return static_cast<int>(static_cast<signed char>(byte));
 }
 
-} // namespace detail
-} // namespace pelor
+} // namespace pelor::detail
 
 #endif

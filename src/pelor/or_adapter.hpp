@@ -4,6 +4,8 @@
 
 #include "pelor/parser.hpp"
 
+#include <utility>
+
 namespace pelor {
 
 // Ordered choice: matches `A` if it can, and otherwise tries `B` from the same
@@ -14,7 +16,7 @@ namespace pelor {
 template <class A, class B>
 class or_adapter : public parser<or_adapter<A, B>> {
 public:
-    or_adapter(const A& left, const B& right) : left_(left), right_(right) {}
+    or_adapter(A left, B right) : left_(std::move(left)), right_(std::move(right)) {}
 
     template <class Iterator>
     bool match(Iterator& pos, Iterator end) const {

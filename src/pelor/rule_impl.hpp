@@ -5,6 +5,7 @@
 #include "pelor/rule_impl_base.hpp"
 
 #include <string>
+#include <utility>
 
 namespace pelor {
 
@@ -20,7 +21,7 @@ namespace pelor {
 template <class Expression>
 class rule_impl final : public rule_impl_base {
 public:
-    explicit rule_impl(const Expression& expression) : expression_(expression) {}
+    explicit rule_impl(Expression expression) : expression_(std::move(expression)) {}
 
     bool parse(const char*& pos, const char* end) const override { return expression_.match(pos, end); }
 

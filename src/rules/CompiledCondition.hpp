@@ -24,7 +24,7 @@ struct IndexableTest {
     std::vector<std::string_view> texts;
 };
 
-typedef std::vector<const IndexableTest*> Guards;
+using Guards = std::vector<const IndexableTest*>;
 
 // A condition of a rule, prepared for the queries of a configured rule set.
 // It holds exactly when the condition it was made from evaluates to true
@@ -33,7 +33,7 @@ typedef std::vector<const IndexableTest*> Guards;
 // does not.
 class CompiledCondition {
 public:
-    virtual ~CompiledCondition() {}
+    virtual ~CompiledCondition() = default;
 
     virtual bool holds(QueryContext& context) const = 0;
 
@@ -51,7 +51,7 @@ public:
     virtual bool isItsGuard() const { return false; }
 };
 
-typedef std::vector<std::unique_ptr<CompiledCondition>> CompiledConditions;
+using CompiledConditions = std::vector<std::unique_ptr<CompiledCondition>>;
 
 // Prepares `condition`, whose tree must outlive the result.
 std::unique_ptr<CompiledCondition> compileCondition(const Expression<bool>& condition,

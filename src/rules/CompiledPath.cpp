@@ -51,7 +51,7 @@ std::optional<QueryVariable> loneReference(const std::string& text) {
 
 CompiledPath::CompiledPath(const Expression<Path>& expression, const ConfiguredVariables& configured,
                            ScratchLayout& layout)
-    : kind_(Kind::opaque), variable_(), opaque_(&expression), slot_(layout.addText()) {
+    : opaque_(&expression), slot_(layout.addText()) {
     if (typeid(expression) != typeid(PathLiteral))
         return;
     const std::string& written = static_cast<const PathLiteral&>(expression).path().text();

@@ -47,10 +47,10 @@ private:
     // The text of a substituted or opaque path, made in its buffer.
     std::string_view workedOutText(QueryContext& context) const;
 
-    Kind kind_;
+    Kind kind_{Kind::opaque};
     // The fixed text, or the literal's text as written for a substitution.
     std::string text_;
-    QueryVariable variable_;
+    QueryVariable variable_{};
     const Expression<Path>* opaque_;
     std::size_t slot_;
 };

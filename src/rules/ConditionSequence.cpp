@@ -6,7 +6,7 @@
 namespace QuorelScript {
 
 ConditionSequence::ConditionSequence(CompiledConditions conditions, ScratchLayout& layout)
-    : conditions_(std::move(conditions)), indexed_(false), candidatesSlot_(0) {
+    : conditions_(std::move(conditions)) {
     const auto guarded =
         std::count_if(conditions_.begin(), conditions_.end(),
                       [](const std::unique_ptr<CompiledCondition>& c) { return !c->guards().empty(); });

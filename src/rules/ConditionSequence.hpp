@@ -65,8 +65,8 @@ private:
     void walk(QueryContext& context, Step step) const;
 
     CompiledConditions conditions_;
-    bool indexed_;
-    std::size_t candidatesSlot_;
+    bool indexed_{false};
+    std::size_t candidatesSlot_{0};
     // The conditions that no index covers, by position.
     std::vector<std::uint32_t> unguarded_;
     // Per position: whether a passing guard is all the condition asks.

@@ -89,8 +89,7 @@ private:
 };
 
 ParsedRules::ParsedRules(ExcludeRuleList* excludeRules, PruneRuleList* pruneRules, IncludeRuleList* includeRules)
-    : excludeRules(excludeRules), includeRules(includeRules), pruneRules(pruneRules), hasVantorRoot(false),
-      hasCwd(false), runningQueries(0), preparedOnce(false), plainAnswersSinceChange(0) {}
+    : excludeRules(excludeRules), includeRules(includeRules), pruneRules(pruneRules) {}
 
 ParsedRules::~ParsedRules() {
     deleteOwned(excludeRules);

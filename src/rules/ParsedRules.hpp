@@ -72,8 +72,8 @@ private:
     PruneRuleList* pruneRules;
     std::string vantorRoot;
     std::string cwd;
-    bool hasVantorRoot;
-    bool hasCwd;
+    bool hasVantorRoot{false};
+    bool hasCwd{false};
     std::string lastMatchText;
 
     // The rules prepared for the queries under the present configuration,
@@ -81,12 +81,12 @@ private:
     // queries run (from a host's callback) is kept until they have ended.
     std::unique_ptr<QueryPlan> plan;
     std::unique_ptr<QueryPlan> replacedPlans;
-    int runningQueries;
+    int runningQueries{0};
     // How many queries after a change are answered plainly before the
     // rules are prepared again.
     static constexpr unsigned plainAnswersBeforePreparing = 4;
-    bool preparedOnce;
-    unsigned plainAnswersSinceChange;
+    bool preparedOnce{false};
+    unsigned plainAnswersSinceChange{0};
 };
 
 } // namespace QuorelScript

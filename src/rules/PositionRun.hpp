@@ -14,7 +14,7 @@ struct PositionRun {
     const std::uint32_t* end;
 };
 
-typedef std::vector<PositionRun> PositionRuns;
+using PositionRuns = std::vector<PositionRun>;
 
 // A run over all the positions of `positions`, which must stay where they are.
 inline PositionRun runOver(const std::vector<std::uint32_t>& positions) {

@@ -5,7 +5,7 @@
 
 namespace QuorelScript {
 
-PrefixTextIndex::PrefixTextIndex() : mostRuns_(0), empty_(true) {}
+PrefixTextIndex::PrefixTextIndex() {}
 
 void PrefixTextIndex::add(std::string_view text, std::uint32_t position) {
     entries_.push_back({text, position});

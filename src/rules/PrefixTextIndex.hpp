@@ -52,8 +52,8 @@ private:
     std::vector<Node> nodes_;
     std::vector<Edge> edges_;
     std::vector<std::uint32_t> positions_;
-    std::size_t mostRuns_;
-    bool empty_;
+    std::size_t mostRuns_{0};
+    bool empty_{true};
 };
 
 } // namespace QuorelScript

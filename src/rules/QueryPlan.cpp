@@ -41,9 +41,9 @@ QueryPlan::QueryPlan(const ExcludeRuleList* excludeRules, const PruneRuleList* p
     : configured_(vantorRoot, cwd), exclusions_(compiledConditions(excludeRules, configured_, layout_), layout_),
       prunings_(compiledConditions(pruneRules, configured_, layout_), layout_),
       inclusions_(compiledConditions(includeRules, configured_, layout_), layout_),
-      includedPaths_(compiledPaths(includeRules, configured_, layout_)), contextsInUse_(0) {}
+      includedPaths_(compiledPaths(includeRules, configured_, layout_)) {}
 
-QueryPlan::~QueryPlan() {}
+QueryPlan::~QueryPlan() = default;
 
 QueryContext& QueryPlan::takeContext() {
     if (contextsInUse_ == contexts_.size())

@@ -54,7 +54,7 @@ private:
     ConditionSequence inclusions_;
     std::vector<std::vector<CompiledPath>> includedPaths_;
     std::vector<std::unique_ptr<QueryContext>> contexts_;
-    std::size_t contextsInUse_;
+    std::size_t contextsInUse_{0};
 };
 
 } // namespace QuorelScript

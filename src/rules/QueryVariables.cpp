@@ -14,8 +14,7 @@ bool assignNormalized(std::string& target, const char* text) {
 
 } // namespace
 
-QueryVariables::QueryVariables(const ConfiguredVariables& configured)
-    : configured_(&configured), fileFreeOfDoubledSlashes_(true), callerReady_(false) {}
+QueryVariables::QueryVariables(const ConfiguredVariables& configured) : configured_(&configured) {}
 
 // The caller is normalized only if a condition looks at it.
 void QueryVariables::start(const char* file, const char* caller) {

@@ -43,8 +43,8 @@ private:
     std::string callerArgument_;
     std::string caller_;
     FilePathParts fileParts_;
-    bool fileFreeOfDoubledSlashes_;
-    bool callerReady_;
+    bool fileFreeOfDoubledSlashes_{true};
+    bool callerReady_{false};
     std::optional<Bindings> bindings_;
 };
 

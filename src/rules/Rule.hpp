@@ -46,9 +46,9 @@ struct IncludeRule : ConditionRule {
 // never holds: it has the literal false, which asks nothing of the host.
 const Expression<bool>& conditionOf(const ConditionRule& rule);
 
-typedef std::vector<ExcludeRule*> ExcludeRuleList;
-typedef std::vector<PruneRule*> PruneRuleList;
-typedef std::vector<IncludeRule*> IncludeRuleList;
+using ExcludeRuleList = std::vector<ExcludeRule*>;
+using PruneRuleList = std::vector<PruneRule*>;
+using IncludeRuleList = std::vector<IncludeRule*>;
 
 } // namespace QuorelScript
 

@@ -6,11 +6,11 @@
 
 // Defined out of line so that the virtual tables and type information of
 // the abstract classes are emitted here, once, and exported.
-QuorelRules::~QuorelRules() {}
+QuorelRules::~QuorelRules() = default;
 
-QuorelRules::Includer::~Includer() {}
+QuorelRules::Includer::~Includer() = default;
 
-QuorelScript::Rules::~Rules() {}
+QuorelScript::Rules::~Rules() = default;
 
 // A null rule set prints as one without rules: as nothing.
 std::ostream& operator<<(std::ostream& os, const QuorelScript::Rules* rules) {

@@ -23,7 +23,7 @@ namespace QuorelScript {
 
 namespace {
 
-typedef std::unique_ptr<CompiledCondition> Compiled;
+using Compiled = std::unique_ptr<CompiledCondition>;
 
 bool startsWith(std::string_view text, std::string_view prefix) {
     return prefix.size() <= text.size() && text.compare(0, prefix.size(), prefix) == 0;

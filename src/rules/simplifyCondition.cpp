@@ -23,8 +23,8 @@ namespace QuorelScript {
 
 namespace {
 
-typedef OwnedPointer<Expression<bool>> Owned;
-typedef std::vector<Expression<bool>*> Operands;
+using Owned = OwnedPointer<Expression<bool>>;
+using Operands = std::vector<Expression<bool>*>;
 
 // What distinguishes an n-ary and from an n-ary or. Every rewrite of the one
 // is the rewrite of the other with the kinds and the two values swapped.
@@ -33,16 +33,16 @@ struct Junction;
 
 template <>
 struct Junction<MultiAndExpression> {
-    typedef AndExpression Binary;
-    typedef MultiOrExpression Dual;
+    using Binary = AndExpression;
+    using Dual = MultiOrExpression;
     // The value of one operand that decides the whole node.
     static constexpr bool decisive = false;
 };
 
 template <>
 struct Junction<MultiOrExpression> {
-    typedef OrExpression Binary;
-    typedef MultiAndExpression Dual;
+    using Binary = OrExpression;
+    using Dual = MultiAndExpression;
     static constexpr bool decisive = true;
 };
 
@@ -111,7 +111,7 @@ Expression<bool>* negated(Expression<bool>* operand) {
 
 // Operands on their way from one node's vector into another's, owned until
 // they arrive, so that a rewrite that fails half-way leaks nothing.
-typedef std::vector<Owned> OwnedOperands;
+using OwnedOperands = std::vector<Owned>;
 
 // Takes every operand out of `operands`, which is left empty, in order.
 OwnedOperands takeAll(Operands& operands) {
@@ -135,7 +135,7 @@ void giveAll(OwnedOperands& source, Operands& operands) {
 // length is walked with a stack of its own, not by recursion.
 template <class Multi>
 void appendSpliced(Multi& target, Owned operand) {
-    typedef typename Junction<Multi>::Binary Binary;
+    using Binary = typename Junction<Multi>::Binary;
     OwnedOperands pending;
     pending.push_back(std::move(operand));
     while (!pending.empty()) {
@@ -189,7 +189,7 @@ Dual* negatedNode(Expression<bool>& operand) {
 // place, each simplified as it is put there; likewise not(and(...)) in an or.
 template <class Multi>
 void distributeNegations(Multi& node) {
-    typedef typename Junction<Multi>::Dual Dual;
+    using Dual = typename Junction<Multi>::Dual;
     OwnedOperands operands = takeAll(node.operands());
     OwnedOperands distributed;
     distributed.reserve(operands.size());
@@ -278,7 +278,7 @@ namespace {
 // nodes of which none is of its own kind or a negation of the other kind.
 template <class Multi>
 bool isStableJunction(const Multi& node, const SimplifiedNodes& simplified) {
-    typedef typename Junction<Multi>::Dual Dual;
+    using Dual = typename Junction<Multi>::Dual;
     for (Expression<bool>* operand : node.operands())
         if (!isSettled(operand, simplified) || isExactly<Multi>(*operand) || negatedNode<Dual>(*operand) != nullptr)
             return false;

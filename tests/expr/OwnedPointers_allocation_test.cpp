@@ -27,7 +27,7 @@ struct Counted {
 };
 int Counted::alive = 0;
 
-typedef std::vector<Counted*> CountedList;
+using CountedList = std::vector<Counted*>;
 
 // Owns one part.
 struct Holder {

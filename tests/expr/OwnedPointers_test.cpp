@@ -29,7 +29,7 @@ private:
     std::string name_;
 };
 
-typedef std::vector<Recorded*> RecordedList;
+using RecordedList = std::vector<Recorded*>;
 
 // Built around two parts that it owns; its constructor throws when told to,
 // after it has stored them, as a failing member would.

@@ -10,7 +10,7 @@
 
 namespace {
 
-typedef std::vector<std::string> Reports;
+using Reports = std::vector<std::string>;
 
 class Recorder : public kfStringProcedure {
 public:

@@ -15,7 +15,7 @@ using QuorelScript::PruneRule;
 
 namespace {
 
-typedef std::vector<std::string> Names;
+using Names = std::vector<std::string>;
 
 } // namespace
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-typedef std::vector<std::string> Reports;
+using Reports = std::vector<std::string>;
 
 // Records each path it receives, below the tree's root, with its kind. It
 // answers false, which must not stop the enumeration.

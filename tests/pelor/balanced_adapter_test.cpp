@@ -72,7 +72,7 @@ auto commentOpen(Log& log) {
 }
 
 auto commentItem(Log& log) {
-    typedef pelor::not_char_predicate<pelor::exact_char> NotLineEnd;
+    using NotLineEnd = pelor::not_char_predicate<pelor::exact_char>;
     return (ch('.') >> ch('\n'))[Recorder(log, "continued")] |
            pelor::char_class<NotLineEnd>(NotLineEnd(pelor::exact_char('\n')))[Recorder(log, "text")];
 }

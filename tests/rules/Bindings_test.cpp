@@ -48,7 +48,7 @@ Arguments shortForm(const char* file, const char* caller) {
     return {file, caller, std::nullopt};
 }
 
-typedef std::vector<std::pair<const char*, const char*>> Values;
+using Values = std::vector<std::pair<const char*, const char*>>;
 
 // One case of the table: the bindings made from `arguments` hold each of
 // `expected`, a variable's name with its value.

@@ -15,7 +15,7 @@ using namespace testing_rules;
 
 namespace {
 
-typedef std::vector<std::pair<std::string, std::string>> Calls;
+using Calls = std::vector<std::pair<std::string, std::string>>;
 
 // Sees the variables that precompute binds through the virtual table.
 class ObservedRules : public ParsedRules {

@@ -17,7 +17,7 @@ using namespace testing_rules;
 
 namespace {
 
-typedef std::unique_ptr<Expression<bool>> Owned;
+using Owned = std::unique_ptr<Expression<bool>>;
 
 // Random conditions over literals, existence tests and path comparisons, on
 // paths of a small tree, written plainly and with variables.

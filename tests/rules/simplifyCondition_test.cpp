@@ -15,7 +15,7 @@ using namespace testing_rules;
 
 namespace {
 
-typedef std::unique_ptr<Expression<bool>> Owned;
+using Owned = std::unique_ptr<Expression<bool>>;
 
 Owned simplified(Expression<bool>* condition) {
     return Owned(simplifyCondition(condition));

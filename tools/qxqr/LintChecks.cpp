@@ -21,7 +21,7 @@ using QuorelScript::Observe::RuleKind;
 const std::vector<std::string> builtInVariables = {"vantor", "toolbox", "file", "caller", "cwd", "dir",
                                                    "name",   "ext",     "vrk",  "arch",   "lib"};
 
-typedef std::vector<LintWarning> Warnings;
+using Warnings = std::vector<LintWarning>;
 
 void warn(Warnings& warnings, const Rule& rule, const char* check, const std::string& message) {
     warnings.push_back({&rule, rule.script, rule.line, check, message});

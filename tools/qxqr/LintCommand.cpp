@@ -27,7 +27,7 @@ std::string checkName(const std::string& name) {
 }
 
 // Each script's directives, by the name the library knows it by.
-typedef std::map<std::string, ScriptDirectives> DirectivesByScript;
+using DirectivesByScript = std::map<std::string, ScriptDirectives>;
 
 DirectivesByScript directivesOf(const ScriptTexts& texts) {
     DirectivesByScript directives;

@@ -68,7 +68,9 @@ std::string followedInRoot(const std::string& root, const std::string& systemPat
             followed.erase(followed.empty() ? 0 : followed.rfind('/'));
             continue;
         }
-        const std::string next = followed + "/" + component;
+        std::string next = followed;
+        next += '/';
+        next += component;
         struct stat status;
         if (lstat((root + next).c_str(), &status) != 0) {
             followed = next;

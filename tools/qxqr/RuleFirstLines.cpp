@@ -107,7 +107,7 @@ private:
 };
 
 // The rules of one kind not yet placed, in order.
-typedef std::map<std::pair<std::string, RuleKind>, std::deque<const Rule*>> Unplaced;
+using Unplaced = std::map<std::pair<std::string, RuleKind>, std::deque<const Rule*>>;
 
 bool kindNamed(std::string_view word, RuleKind& kind) {
     static const std::pair<std::string_view, RuleKind> kinds[] = {

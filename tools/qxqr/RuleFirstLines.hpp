@@ -24,7 +24,7 @@ namespace qxqr {
 // `texts` are the scripts in the order parsed, `rules` as rulesOf gives
 // them. A rule that the walk does not reach has no entry. Linear in the
 // texts; no stack taken for every continuation.
-typedef std::map<const QuorelScript::Observe::Rule*, long> FirstLines;
+using FirstLines = std::map<const QuorelScript::Observe::Rule*, long>;
 FirstLines firstLinesOf(const ScriptTexts& texts, const std::vector<QuorelScript::Observe::Rule>& rules);
 
 } // namespace qxqr

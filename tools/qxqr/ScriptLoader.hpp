@@ -25,7 +25,7 @@ struct ScriptText {
     std::string name;
     std::string text;
 };
-typedef std::vector<ScriptText> ScriptTexts;
+using ScriptTexts = std::vector<ScriptText>;
 std::unique_ptr<QuorelScript::Rules> loadRules(const std::vector<std::string>& scripts, bool verbose = false,
                                                ScriptTexts* texts = nullptr);
 

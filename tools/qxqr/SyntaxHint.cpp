@@ -22,7 +22,7 @@ struct Mending {
     std::string hint;
 };
 
-typedef std::function<std::optional<Mending>(const std::string& line)> Pitfall;
+using Pitfall = std::function<std::optional<Mending>(const std::string& line)>;
 
 // The line as the report shows it: the first line of the offending text,
 // which follows the report's first line.

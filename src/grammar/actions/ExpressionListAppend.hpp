@@ -16,9 +16,9 @@ struct ExpressionListAppend;
 // Adds one more element at the end of a path list; the result is the same list.
 template <>
 struct ExpressionListAppend<Path> {
-    typedef PathList Left;
-    typedef Expression<Path> Right;
-    typedef PathList Result;
+    using Left = PathList;
+    using Right = Expression<Path>;
+    using Result = PathList;
 
     static Owned<PathList> build(Owned<PathList> list, Owned<Expression<Path>> element) {
         pushOwned(*list, element.release());

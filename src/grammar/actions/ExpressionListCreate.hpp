@@ -16,8 +16,8 @@ struct ExpressionListCreate;
 // Starts a path list with its first element.
 template <>
 struct ExpressionListCreate<Path> {
-    typedef Expression<Path> Operand;
-    typedef PathList Result;
+    using Operand = Expression<Path>;
+    using Result = PathList;
 
     static Owned<PathList> build(Owned<Expression<Path>> first) {
         Owned<PathList> list(new PathList);

@@ -27,8 +27,8 @@ struct Operation;
 // Builds X around one operand, which X then owns.
 template <class X, class R, class A>
 struct UnaryNodeOperation {
-    typedef A Operand;
-    typedef R Result;
+    using Operand = A;
+    using Result = R;
 
     static Owned<R> build(Owned<A> operand) { return Owned<R>(newOwner<X>(std::move(operand))); }
 };
@@ -36,9 +36,9 @@ struct UnaryNodeOperation {
 // Builds X from two operands, the one written first on the left.
 template <class X, class R, class A, class B>
 struct BinaryNodeOperation {
-    typedef A Left;
-    typedef B Right;
-    typedef R Result;
+    using Left = A;
+    using Right = B;
+    using Result = R;
 
     static Owned<R> build(Owned<A> left, Owned<B> right) {
         return Owned<R>(newOwner<X>(std::move(left), std::move(right)));
@@ -73,8 +73,8 @@ struct Operation<InExpression> : BinaryNodeOperation<InExpression, Expression<bo
 // second time.
 template <class R>
 struct ConditionRuleOperation {
-    typedef Expression<bool> Operand;
-    typedef R Result;
+    using Operand = Expression<bool>;
+    using Result = R;
 
     static Owned<R> build(Owned<Expression<bool>> condition) {
         Owned<R> rule(new R(nullptr));
@@ -92,9 +92,9 @@ struct Operation<PruneRule> : ConditionRuleOperation<PruneRule> {};
 // An include rule takes its paths first and its condition second.
 template <>
 struct Operation<IncludeRule> {
-    typedef PathList Left;
-    typedef Expression<bool> Right;
-    typedef IncludeRule Result;
+    using Left = PathList;
+    using Right = Expression<bool>;
+    using Result = IncludeRule;
 
     static Owned<IncludeRule> build(Owned<PathList> paths, Owned<Expression<bool>> condition) {
         Owned<IncludeRule> rule(new IncludeRule(nullptr, nullptr));

@@ -19,7 +19,7 @@ public:
 
     template <class Iterator>
     void operator()(Iterator, Iterator) const {
-        typedef Operation<X> Op;
+        using Op = Operation<X>;
         Owned<typename Op::Right> right = parser().template pop<typename Op::Right>();
         Owned<typename Op::Left> left = parser().template pop<typename Op::Left>();
         parser().template push<typename Op::Result>(Op::build(std::move(left), std::move(right)));

@@ -18,7 +18,7 @@ public:
 
     template <class Iterator>
     void operator()(Iterator, Iterator) const {
-        typedef std::remove_pointer_t<decltype(std::declval<const X&>().clone())> Node;
+        using Node = std::remove_pointer_t<decltype(std::declval<const X&>().clone())>;
         parser().push(Owned<Node>(constant_->clone()));
     }
 

@@ -18,7 +18,7 @@ public:
 
     template <class Iterator>
     void operator()(Iterator, Iterator) const {
-        typedef Operation<X> Op;
+        using Op = Operation<X>;
         Owned<typename Op::Operand> operand = parser().template pop<typename Op::Operand>();
         parser().template push<typename Op::Result>(Op::build(std::move(operand)));
     }

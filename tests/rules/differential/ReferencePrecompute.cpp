@@ -21,9 +21,9 @@ Expression<bool>* simplified(Expression<bool>* condition);
 
 namespace {
 
-typedef std::unique_ptr<Expression<bool>> Owned;
-typedef std::vector<Expression<bool>*> Operands;
-typedef NotExpression<bool> Not;
+using Owned = std::unique_ptr<Expression<bool>>;
+using Operands = std::vector<Expression<bool>*>;
+using Not = NotExpression<bool>;
 
 // Of a null node, typeid throws std::bad_typeid, as the rewrite must.
 template <class Kind>
@@ -63,13 +63,13 @@ struct Junction;
 
 template <>
 struct Junction<MultiAndExpression> {
-    typedef MultiOrExpression Dual;
+    using Dual = MultiOrExpression;
     static constexpr bool decisive = false;
 };
 
 template <>
 struct Junction<MultiOrExpression> {
-    typedef MultiAndExpression Dual;
+    using Dual = MultiAndExpression;
     static constexpr bool decisive = true;
 };
 
@@ -91,7 +91,7 @@ void flatten(Operands& operands) {
 
 template <class Multi>
 void applyDeMorgan(Operands& operands) {
-    typedef typename Junction<Multi>::Dual Dual;
+    using Dual = typename Junction<Multi>::Dual;
     for (std::size_t position = 0; position < operands.size();) {
         if (!is<Not>(operands[position]) || !is<Dual>(static_cast<Not&>(*operands[position]).operand())) {
             ++position;

@@ -34,7 +34,7 @@ namespace {
 using QuorelScript::ParsedRules;
 using QuorelScript::Parser;
 
-typedef std::mt19937 Random;
+using Random = std::mt19937;
 
 template <std::size_t N>
 const char* pick(Random& random, const char* const (&choices)[N]) {

@@ -46,7 +46,7 @@ std::vector<std::pair<long, long>> linesOf(const ScriptTexts& texts) {
     return lines;
 }
 
-typedef std::vector<std::pair<long, long>> Lines;
+using Lines = std::vector<std::pair<long, long>>;
 
 TEST(RuleFirstLines, RuleOfOneLineBeginsWhereItIsRecorded) {
     EXPECT_EQ((Lines{{2, 2}, {4, 4}}), linesOf({{"s", "% note\nexclude if a exists\n\nprune if b exists\n"}}));
