@@ -6,6 +6,8 @@
 
 #include <string>
 
+// The constants the grammar is built from. They are created once, when the
+// library is loaded, and only read afterwards, so every parser shares them.
 namespace QuorelScript::GrammarConstants {
 
 extern const char space;

@@ -5,8 +5,6 @@
 
 namespace QuorelScript {
 
-PrefixTextIndex::PrefixTextIndex() {}
-
 void PrefixTextIndex::add(std::string_view text, std::uint32_t position) {
     entries_.push_back({text, position});
     empty_ = false;

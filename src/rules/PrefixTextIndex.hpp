@@ -15,8 +15,6 @@ namespace QuorelScript {
 // however many texts there are.
 class PrefixTextIndex {
 public:
-    PrefixTextIndex();
-
     void add(std::string_view text, std::uint32_t position);
     // Packs the tree for lookups; nothing may be added afterwards.
     void finish();
