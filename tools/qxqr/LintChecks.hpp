@@ -29,9 +29,19 @@ struct LintSettings {
 // The names of the checks, in the order the documentation lists them.
 const std::vector<std::string>& lintCheckNames();
 
-// Every warning about `rules` (as rulesOf gives them), rule by rule, each
-// rule's warnings in the order of lintCheckNames.
-std::vector<LintWarning> lintRules(const std::vector<QuorelScript::Observe::Rule>& rules, const LintSettings& settings);
+// The rules to check, in the order rulesOf gives them.
+struct LintedRules {
+    // As the scripts wrote them.
+    const std::vector<QuorelScript::Observe::Rule>& asWritten;
+    // The same rules, one for one, once the fixed variables
+    // (FixedVariables.hpp) are bound into their conditions, as precompute
+    // binds them whatever the host configured.
+    const std::vector<QuorelScript::Observe::Rule>& withFixedValues;
+};
+
+// Every warning about `rules`, rule by rule, each rule's warnings in the
+// order of lintCheckNames.
+std::vector<LintWarning> lintRules(const LintedRules& rules, const LintSettings& settings);
 
 } // namespace qxqr
 
