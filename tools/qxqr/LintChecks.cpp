@@ -179,8 +179,15 @@ std::optional<bool> valueWithoutAFile(const Rule& rule) {
     return valuesWithoutAFile(rule.condition).front();
 }
 
-std::string place(const Rule& rule) {
-    return rule.script + ":" + std::to_string(rule.line);
+// The line a warning about `rule` names: the one its statement begins on,
+// where the walk of its script found it.
+long lineOf(const Rule& rule, const FirstLines& firstLines) {
+    const auto firstLine = firstLines.find(&rule);
+    return firstLine != firstLines.end() ? firstLine->second : rule.line;
+}
+
+std::string place(const Rule& rule, const FirstLines& firstLines) {
+    return rule.script + ":" + std::to_string(lineOf(rule, firstLines));
 }
 
 // `value` is the condition's value without a file, if it has one.
@@ -196,10 +203,10 @@ void constantCondition(Warnings& warnings, const Rule& rule, std::optional<bool>
 }
 
 // An exclude or prune rule after one of its kind that matches every file.
-void unreachableRule(Warnings& warnings, const Rule& rule, const Rule* alwaysTrue) {
+void unreachableRule(Warnings& warnings, const Rule& rule, const Rule* alwaysTrue, const FirstLines& firstLines) {
     if (alwaysTrue != nullptr)
         warn(warnings, rule, "unreachable-rule",
-             "the rule can never decide: the rule at " + place(*alwaysTrue) + " matches every file first");
+             "the rule can never decide: the rule at " + place(*alwaysTrue, firstLines) + " matches every file first");
 }
 
 // The fixed variables among `names` in the form "$lib = .so", or nothing
@@ -245,9 +252,9 @@ void fixedExists(Warnings& warnings, const Rule& rule) {
     }
 }
 
-void duplicateRule(Warnings& warnings, const Rule& rule, const Rule* first) {
+void duplicateRule(Warnings& warnings, const Rule& rule, const Rule* first, const FirstLines& firstLines) {
     if (first != nullptr)
-        warn(warnings, rule, "duplicate-rule", "the same rule as the one at " + place(*first));
+        warn(warnings, rule, "duplicate-rule", "the same rule as the one at " + place(*first, firstLines));
 }
 
 } // namespace
@@ -272,16 +279,18 @@ std::vector<LintWarning> lintRules(const LintedRules& rules, const LintSettings&
         callerInInclude(warnings, rule);
         constantCondition(warnings, rule, value);
         if (rule.kind != RuleKind::Include) {
-            unreachableRule(warnings, rule, firstAlwaysTrue[rule.kind]);
+            unreachableRule(warnings, rule, firstAlwaysTrue[rule.kind], rules.firstLines);
             if (!firstAlwaysTrue[rule.kind] && value == true)
                 firstAlwaysTrue[rule.kind] = &rule;
         }
         fixedExists(warnings, rule);
         const Rule*& first = firstPrinted[{rule.kind, rule.printed}];
-        duplicateRule(warnings, rule, first);
+        duplicateRule(warnings, rule, first, rules.firstLines);
         if (!first)
             first = &rule;
     }
+    for (LintWarning& warning : warnings)
+        warning.line = lineOf(*warning.rule, rules.firstLines);
     return warnings;
 }
 

@@ -2,6 +2,8 @@
 #ifndef QXQR_LINTCHECKS_HPP
 #define QXQR_LINTCHECKS_HPP
 
+#include "RuleFirstLines.hpp"
+
 #include <qxqrscript/observe.hpp>
 
 #include <set>
@@ -15,7 +17,7 @@ struct LintWarning {
     // The rule it is about; none for a warning about a script's directive.
     const QuorelScript::Observe::Rule* rule;
     std::string script; // the script's name as the library knows it
-    long line;          // the rule's recorded line, or the directive's
+    long line;          // the rule's first line (see LintedRules), or the directive's
     std::string check;  // the check's name, as --disable takes it
     std::string message;
 };
@@ -37,6 +39,11 @@ struct LintedRules {
     // (FixedVariables.hpp) are bound into their conditions, as precompute
     // binds them whatever the host configured.
     const std::vector<QuorelScript::Observe::Rule>& withFixedValues;
+    // Where each rule of asWritten begins in its script, the line a warning
+    // names, so that an editor lands on the rule: the line the library
+    // records may lie past the rule's last one, even past the end of the
+    // script. A rule without an entry is named by its recorded line.
+    const FirstLines& firstLines;
 };
 
 // Every warning about `rules`, rule by rule, each rule's warnings in the

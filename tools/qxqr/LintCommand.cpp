@@ -109,9 +109,9 @@ Result LintCommand::run(OperandReader&) {
     for (const QuorelScript::Observe::Variable& fixed : fixedVariables())
         rules->bindVariable(fixed.name.c_str(), fixed.value.c_str());
     const std::vector<QuorelScript::Observe::Rule> withFixedValues = QuorelScript::Observe::rulesOf(*rules);
-    std::vector<LintWarning> warnings = lintRules({views, withFixedValues}, settings);
-    const DirectivesByScript directives = directivesOf(texts);
     const FirstLines firstLines = firstLinesOf(texts, views);
+    std::vector<LintWarning> warnings = lintRules({views, withFixedValues, firstLines}, settings);
+    const DirectivesByScript directives = directivesOf(texts);
     warnings.erase(std::remove_if(warnings.begin(), warnings.end(),
                                   [&](const LintWarning& warning) {
                                       return isSilenced(warning, disabled, directives, firstLines);
