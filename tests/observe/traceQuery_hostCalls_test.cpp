@@ -3,7 +3,12 @@
 // in the same order, and comes to the same answers: for scripts that test
 // existence, list directories and match patterns, for scripts with enough
 // guarded rules of a kind that the prepared queries look them up in an
-// index, and for a rule set built by hand, before and after precompute.
+// index, and for a rule set built by hand, before and after precompute;
+// also in a multibyte locale other than UTF-8, where the runs of slashes are
+// found with the host's text search. That search is a pure function, and it
+// is not among the calls compared: a prepared query looks for doubled
+// slashes only in the texts its conditions read, where the trace binds every
+// variable first, as a query evaluated rule by rule does.
 #include "RecordingHostServices.hpp"
 #include "RecordingIncluder.hpp"
 #include "RulesTesting.hpp"
@@ -12,13 +17,29 @@
 
 #include <qxqrscript/Parser.hpp>
 #include <qxqrscript/Rules.hpp>
+#include <qxqrscript/host.hpp>
 #include <qxqrscript/observe.hpp>
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+#include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
+
+// The linker takes this in place of the library's own, which lives in a
+// separate member of its static archive. The library asks it only in a
+// multibyte locale other than UTF-8: GBK here, where no byte of a two-byte
+// character is a slash, so that a search byte by byte finds what the real
+// one finds.
+std::size_t searchesForSlashes = 0;
+
+char* hbMultiByteStrStr(char* haystack, const char* needle) {
+    ++searchesForSlashes;
+    return std::strstr(haystack, needle);
+}
 
 namespace {
 
@@ -200,6 +221,25 @@ TEST(traceQuery, AsksTheHostWhatTheQueryAsks) {
 TEST(traceQuery, AsksTheHostWhatTheQueryAsksOfRulesBuiltByHand) {
     const std::unique_ptr<QuorelScript::Rules> rules(builtByHand());
     compareBeforeAndAfterPrecompute(*rules, "rules built by hand");
+}
+
+TEST(traceQuery, AsksTheHostWhatTheQueryAsksWhereTheHostSearchesForSlashes) {
+    const std::string saved = std::setlocale(LC_ALL, nullptr);
+    ASSERT_NE(nullptr, std::setlocale(LC_ALL, "C.GBK"))
+        << "no GBK locale: CTest makes it and sets LOCPATH (now '"
+        << (std::getenv("LOCPATH") != nullptr ? std::getenv("LOCPATH") : "") << "')";
+    searchesForSlashes = 0;
+    for (const char* script : scripts) {
+        QuorelScript::Parser parser;
+        std::unique_ptr<QuorelScript::Rules> rules(parser.parse(script));
+        ASSERT_TRUE(rules) << script;
+        compareBeforeAndAfterPrecompute(*rules, script);
+    }
+    const std::unique_ptr<QuorelScript::Rules> rules(builtByHand());
+    compareBeforeAndAfterPrecompute(*rules, "rules built by hand");
+    std::setlocale(LC_ALL, saved.c_str());
+    EXPECT_GT(searchesForSlashes, 0u)
+        << "the doubled slashes in the scripts and the files are found by the host's search";
 }
 
 } // namespace
