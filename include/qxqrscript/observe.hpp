@@ -76,8 +76,11 @@ QXQRSCRIPT_API std::vector<Rule> rulesOf(const Rules& rules);
 QXQRSCRIPT_API std::vector<Rule> rulesOf(const Rules& rules, RuleKind kind);
 
 // A traced query: the same evaluation as the query itself, in the same
-// order, with the same short cuts and the same calls of the host services,
-// recording what each part of each condition came to.
+// order, with the same short cuts and the same calls of the host's file
+// services, recording what each part of each condition came to. Only the
+// host's text search for doubled slashes (asked in a multibyte locale other
+// than UTF-8) may be called for other texts: the trace binds every variable
+// first, where a prepared query looks only at the texts its conditions read.
 
 enum class Question { Excluded, Pruned, Includes };
 

@@ -5,7 +5,9 @@
 The README shows a script in the first ```text block after the words
 "`project.rules`", and then, in the same section, ```console blocks: each a
 "$ build/qxqr ..." command (continued with trailing backslashes) followed by
-its exact output. The script is written to a scratch directory as
+its exact output, as a terminal would show it: what it writes on standard
+output, then what it writes on standard error, which is empty unless the
+block shows it. The command must succeed. The script is written to a scratch directory as
 project.rules and each command is run there with the qxqr given on the
 command line.
 """
@@ -69,9 +71,9 @@ def check_session(qxqr, scratch, command, expected):
     if command[0] != "build/qxqr":
         sys.exit(f"the README's command should start with build/qxqr: {' '.join(command)}")
     run = subprocess.run([qxqr] + command[1:], cwd=scratch, capture_output=True, text=True)
-    if run.returncode != 0 or run.stdout != expected:
-        sys.exit(f"the README's example gives (status {run.returncode}):\n{run.stdout}{run.stderr}"
-                 f"but the README shows:\n{expected}")
+    if run.returncode != 0 or run.stdout + run.stderr != expected:
+        sys.exit(f"the README's example gives (status {run.returncode}), on standard output:\n{run.stdout}"
+                 f"on standard error:\n{run.stderr}but the README shows:\n{expected}")
 
 
 if __name__ == "__main__":

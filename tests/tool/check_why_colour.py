@@ -4,7 +4,8 @@
 
 With standard output on a terminal it colours by default; not when the
 environment sets NO_COLOR, nor with --color never. (That output which is no
-terminal stays plain, and that --color always colours, the cases show.)
+terminal stays plain without NO_COLOR, and that --color always colours, the
+cases why-not-a-terminal and why-color show.)
 """
 
 import argparse

@@ -35,7 +35,9 @@ Instead of "--- stdout", "--- json" compares the output parsed as JSON with
 the section parsed as JSON, and "--- stdout-matches" requires the output to
 match the section as a regular expression. The command runs in the
 directory given with --in; "@CWD@" in a section stands for that directory's
-absolute path.
+absolute path. It runs without NO_COLOR in its environment, whatever the
+environment of the test run, so that a case shows what the tool does by
+itself when its output is no terminal.
 """
 
 import argparse
@@ -288,10 +290,11 @@ def run_case(case, directory, scratch, programs):
     if as_another_user:
         check_nobody_can_run(command, directory)
     stdin, input_bytes = standard_input(case)
+    environment = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
     stdout = open(case["stdout_to"], "wb") if case["stdout_to"] else subprocess.PIPE
     try:
         run = subprocess.run(command, cwd=directory, stdin=stdin, input=input_bytes,
-                             stdout=stdout, stderr=subprocess.PIPE, timeout=TIME_LIMIT,
+                             stdout=stdout, stderr=subprocess.PIPE, timeout=TIME_LIMIT, env=environment,
                              preexec_fn=as_nobody if as_another_user else None)
     except subprocess.TimeoutExpired:
         print(f"no answer after {TIME_LIMIT} seconds: the command waits for something", file=sys.stderr)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "LintChecks.hpp"
 
+#include "FixedVariables.hpp"
 #include "NearestName.hpp"
 
 #include <algorithm>
@@ -100,8 +101,12 @@ void callerInInclude(Warnings& warnings, const Rule& rule) {
 
 // The value of a node when no file is known, if it has one: literals, and
 // comparisons of paths without variables, decide; exists asks the file
-// system and decides nothing here. The operands come after their node, so
-// the nodes are valued from the last to the first.
+// system and decides nothing here. The condition is one with the fixed
+// variables bound by the library itself, so that a path that names no other
+// variable has the text a query gives it. The library's own folding, which
+// precompute does, is not asked: it would ask the file system about every
+// exists. The operands come after their node, so the nodes are valued from
+// the last to the first.
 std::vector<std::optional<bool>> valuesWithoutAFile(const Condition& condition) {
     const std::vector<Node>& nodes = condition.nodes;
     std::vector<std::optional<bool>> values(nodes.size());
@@ -174,12 +179,19 @@ std::optional<bool> valueWithoutAFile(const Rule& rule) {
     return valuesWithoutAFile(rule.condition).front();
 }
 
-std::string place(const Rule& rule) {
-    return rule.script + ":" + std::to_string(rule.line);
+// The line a warning about `rule` names: the one its statement begins on,
+// where the walk of its script found it.
+long lineOf(const Rule& rule, const FirstLines& firstLines) {
+    const auto firstLine = firstLines.find(&rule);
+    return firstLine != firstLines.end() ? firstLine->second : rule.line;
 }
 
-void constantCondition(Warnings& warnings, const Rule& rule) {
-    const std::optional<bool> value = valueWithoutAFile(rule);
+std::string place(const Rule& rule, const FirstLines& firstLines) {
+    return rule.script + ":" + std::to_string(lineOf(rule, firstLines));
+}
+
+// `value` is the condition's value without a file, if it has one.
+void constantCondition(Warnings& warnings, const Rule& rule, std::optional<bool> value) {
     if (!value)
         return;
     if (!*value)
@@ -191,14 +203,34 @@ void constantCondition(Warnings& warnings, const Rule& rule) {
 }
 
 // An exclude or prune rule after one of its kind that matches every file.
-void unreachableRule(Warnings& warnings, const Rule& rule, const Rule* alwaysTrue) {
+void unreachableRule(Warnings& warnings, const Rule& rule, const Rule* alwaysTrue, const FirstLines& firstLines) {
     if (alwaysTrue != nullptr)
         warn(warnings, rule, "unreachable-rule",
-             "the rule can never decide: the rule at " + place(*alwaysTrue) + " matches every file first");
+             "the rule can never decide: the rule at " + place(*alwaysTrue, firstLines) + " matches every file first");
+}
+
+// The fixed variables among `names` in the form "$lib = .so", or nothing
+// when a name among them is not fixed.
+std::optional<std::string> fixedOnly(const std::vector<std::string>& names) {
+    std::string shown;
+    std::set<std::string> listed;
+    for (const std::string& name : names) {
+        const std::vector<QuorelScript::Observe::Variable>& fixed = fixedVariables();
+        const auto variable = std::find_if(
+            fixed.begin(), fixed.end(), [&](const QuorelScript::Observe::Variable& each) { return each.name == name; });
+        if (variable == fixed.end())
+            return std::nullopt;
+        if (listed.insert(name).second)
+            shown += (shown.empty() ? "$" : ", $") + name + " = " + variable->value;
+    }
+    return shown;
 }
 
 // Only exclude and prune rules are folded by precompute; an include rule's
-// test is asked for every file whatever it names.
+// test is asked for every file whatever it names. Precompute binds the
+// fixed variables whatever the host configured, so a path that names those
+// alone is as fixed as one that names none. The root and the current
+// directory it binds only where the host set them, which lint cannot know.
 void fixedExists(Warnings& warnings, const Rule& rule) {
     if (rule.kind == RuleKind::Include)
         return;
@@ -207,17 +239,22 @@ void fixedExists(Warnings& warnings, const Rule& rule) {
         if (node.kind != NodeKind::Exists)
             continue;
         const Node& path = condition.nodes[node.operands[0]];
-        if (path.kind == NodeKind::Path && path.variables.empty())
-            warn(warnings, rule, "fixed-exists",
-                 "'" + path.text +
-                     " exists' names no variable: a host that precomputes asks it once, not for "
-                     "every file");
+        if (path.kind != NodeKind::Path)
+            continue;
+        const std::optional<std::string> fixed = fixedOnly(path.variables);
+        if (!fixed)
+            continue;
+        const std::string named = path.variables.empty()
+                                      ? std::string("names no variable")
+                                      : "names only variables that precompute always binds (" + *fixed + ")";
+        warn(warnings, rule, "fixed-exists",
+             "'" + path.text + " exists' " + named + ": a host that precomputes asks it once, not for every file");
     }
 }
 
-void duplicateRule(Warnings& warnings, const Rule& rule, const Rule* first) {
+void duplicateRule(Warnings& warnings, const Rule& rule, const Rule* first, const FirstLines& firstLines) {
     if (first != nullptr)
-        warn(warnings, rule, "duplicate-rule", "the same rule as the one at " + place(*first));
+        warn(warnings, rule, "duplicate-rule", "the same rule as the one at " + place(*first, firstLines));
 }
 
 } // namespace
@@ -229,26 +266,31 @@ const std::vector<std::string>& lintCheckNames() {
     return names;
 }
 
-std::vector<LintWarning> lintRules(const std::vector<Rule>& rules, const LintSettings& settings) {
+std::vector<LintWarning> lintRules(const LintedRules& rules, const LintSettings& settings) {
     Warnings warnings;
     std::map<RuleKind, const Rule*> firstAlwaysTrue;
     std::map<std::pair<RuleKind, std::string>, const Rule*> firstPrinted;
-    for (const Rule& rule : rules) {
+    for (std::size_t index = 0; index < rules.asWritten.size(); ++index) {
+        const Rule& rule = rules.asWritten[index];
+        const std::optional<bool> value =
+            index < rules.withFixedValues.size() ? valueWithoutAFile(rules.withFixedValues[index]) : std::nullopt;
         unknownVariables(warnings, rule, settings);
         prefixSurprises(warnings, rule, settings);
         callerInInclude(warnings, rule);
-        constantCondition(warnings, rule);
+        constantCondition(warnings, rule, value);
         if (rule.kind != RuleKind::Include) {
-            unreachableRule(warnings, rule, firstAlwaysTrue[rule.kind]);
-            if (!firstAlwaysTrue[rule.kind] && valueWithoutAFile(rule) == true)
+            unreachableRule(warnings, rule, firstAlwaysTrue[rule.kind], rules.firstLines);
+            if (!firstAlwaysTrue[rule.kind] && value == true)
                 firstAlwaysTrue[rule.kind] = &rule;
         }
         fixedExists(warnings, rule);
         const Rule*& first = firstPrinted[{rule.kind, rule.printed}];
-        duplicateRule(warnings, rule, first);
+        duplicateRule(warnings, rule, first, rules.firstLines);
         if (!first)
             first = &rule;
     }
+    for (LintWarning& warning : warnings)
+        warning.line = lineOf(*warning.rule, rules.firstLines);
     return warnings;
 }
 

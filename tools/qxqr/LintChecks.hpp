@@ -2,6 +2,8 @@
 #ifndef QXQR_LINTCHECKS_HPP
 #define QXQR_LINTCHECKS_HPP
 
+#include "RuleFirstLines.hpp"
+
 #include <qxqrscript/observe.hpp>
 
 #include <set>
@@ -15,7 +17,7 @@ struct LintWarning {
     // The rule it is about; none for a warning about a script's directive.
     const QuorelScript::Observe::Rule* rule;
     std::string script; // the script's name as the library knows it
-    long line;          // the rule's recorded line, or the directive's
+    long line;          // the rule's first line (see LintedRules), or the directive's
     std::string check;  // the check's name, as --disable takes it
     std::string message;
 };
@@ -29,9 +31,24 @@ struct LintSettings {
 // The names of the checks, in the order the documentation lists them.
 const std::vector<std::string>& lintCheckNames();
 
-// Every warning about `rules` (as rulesOf gives them), rule by rule, each
-// rule's warnings in the order of lintCheckNames.
-std::vector<LintWarning> lintRules(const std::vector<QuorelScript::Observe::Rule>& rules, const LintSettings& settings);
+// The rules to check, in the order rulesOf gives them.
+struct LintedRules {
+    // As the scripts wrote them.
+    const std::vector<QuorelScript::Observe::Rule>& asWritten;
+    // The same rules, one for one, once the fixed variables
+    // (FixedVariables.hpp) are bound into their conditions, as precompute
+    // binds them whatever the host configured.
+    const std::vector<QuorelScript::Observe::Rule>& withFixedValues;
+    // Where each rule of asWritten begins in its script, the line a warning
+    // names, so that an editor lands on the rule: the line the library
+    // records may lie past the rule's last one, even past the end of the
+    // script. A rule without an entry is named by its recorded line.
+    const FirstLines& firstLines;
+};
+
+// Every warning about `rules`, rule by rule, each rule's warnings in the
+// order of lintCheckNames.
+std::vector<LintWarning> lintRules(const LintedRules& rules, const LintSettings& settings);
 
 } // namespace qxqr
 

@@ -2,6 +2,7 @@
 #include "LintCommand.hpp"
 
 #include "Assignment.hpp"
+#include "FixedVariables.hpp"
 #include "LintChecks.hpp"
 #include "LintDirectives.hpp"
 #include "RuleFirstLines.hpp"
@@ -103,9 +104,14 @@ Result LintCommand::run(OperandReader&) {
     settings.allowedPrefixes.insert(allowed.begin(), allowed.end());
 
     const std::vector<QuorelScript::Observe::Rule> views = QuorelScript::Observe::rulesOf(*rules);
-    std::vector<LintWarning> warnings = lintRules(views, settings);
-    const DirectivesByScript directives = directivesOf(texts);
+    // Bound by the library itself, as precompute would bind them; lint asks
+    // nothing of the rule set afterwards but what it holds.
+    for (const QuorelScript::Observe::Variable& fixed : fixedVariables())
+        rules->bindVariable(fixed.name.c_str(), fixed.value.c_str());
+    const std::vector<QuorelScript::Observe::Rule> withFixedValues = QuorelScript::Observe::rulesOf(*rules);
     const FirstLines firstLines = firstLinesOf(texts, views);
+    std::vector<LintWarning> warnings = lintRules({views, withFixedValues, firstLines}, settings);
+    const DirectivesByScript directives = directivesOf(texts);
     warnings.erase(std::remove_if(warnings.begin(), warnings.end(),
                                   [&](const LintWarning& warning) {
                                       return isSilenced(warning, disabled, directives, firstLines);

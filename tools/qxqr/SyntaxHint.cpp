@@ -208,8 +208,29 @@ std::string hexadecimal(unsigned char byte) {
     return std::string("0x") + digits[byte >> 4] + digits[byte & 0xf];
 }
 
+// A tab between double quotes: a quoted path may hold spaces, never a tab,
+// and outside quotes a tab ends the path, so no path holds one. Mended with
+// a space in its place.
+std::optional<Mending> tabInQuotedPath(const std::string& line) {
+    bool quoted = false;
+    for (std::string::size_type i = 0; i < line.size(); ++i) {
+        if (line[i] == '"')
+            quoted = !quoted;
+        else if (!quoted && line[i] == '%')
+            return std::nullopt;
+        else if (quoted && line[i] == '\t') {
+            std::string mended = line;
+            mended[i] = ' ';
+            return Mending{mended, "a quoted path may hold spaces but not a tab, which no path can hold"};
+        }
+    }
+    return std::nullopt;
+}
+
 // A character that no path can hold, quoted or not: any but letters,
-// digits, the path punctuation and what the language itself writes.
+// digits, the path punctuation and what the language itself writes. A tab
+// is a blank between the parts of a rule; in a quoted path it is taken by
+// tabInQuotedPath first.
 std::optional<Mending> characterOutsidePaths(const std::string& line) {
     static const std::string allowed = "_$/\\:.#?*\"[],()=! \t%";
     const std::string::size_type comment = line.find('%');
@@ -233,10 +254,10 @@ const std::string::size_type longestLineHinted = 4096;
 } // namespace
 
 std::string syntaxHint(const std::string& report) {
-    static const std::vector<Pitfall> pitfalls = {keywordAtEndOfText,        bareIncludeList,  notInWithSeveralBlanks,
-                                                  blankBeforeClosingBracket, upperCaseKeyword, doubleNot,
-                                                  literalOnTheLeft,          emptyQuotedPath,  unquotedBlank,
-                                                  characterOutsidePaths};
+    static const std::vector<Pitfall> pitfalls = {
+        keywordAtEndOfText, bareIncludeList, notInWithSeveralBlanks, blankBeforeClosingBracket,
+        upperCaseKeyword,   doubleNot,       literalOnTheLeft,       emptyQuotedPath,
+        unquotedBlank,      tabInQuotedPath, characterOutsidePaths};
     const std::string line = offendingLine(report);
     if (line.empty() || line.size() > longestLineHinted)
         return std::string();

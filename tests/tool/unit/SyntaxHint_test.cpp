@@ -36,6 +36,18 @@ TEST(SyntaxHint, BlankInAPathIsHintedWhereverAPathIsRead) {
         EXPECT_EQ("hint: a path that holds blanks is written in double quotes\n", syntaxHint(reportFor(line))) << line;
 }
 
+// A tab in a quoted path, wherever a path is read; a tab outside quotes is
+// a blank like any other, and a tab in a comment is no part of a path.
+TEST(SyntaxHint, TabInAQuotedPathIsHinted) {
+    const std::vector<std::string> lines = {"exclude if $name == \"my\tfile\"", "exclude if \"a\tb\" exists",
+                                            "exclude if $file in [\"/a b/\", \"/c\td/\"]",
+                                            "include [\"a\tb\"] if\ttrue", "exclude\tif \"a\tb\" == $file % \"x\ty\""};
+    for (const std::string& line : lines)
+        EXPECT_EQ("hint: a quoted path may hold spaces but not a tab, which no path can hold\n",
+                  syntaxHint(reportFor(line)))
+            << line;
+}
+
 bool parses(const std::string& line) {
     QuorelScript::Parser parser;
     const std::string text = line + "\n";
@@ -60,7 +72,8 @@ TEST(SyntaxHint, LineThatMendingWouldNotFixGetsNoHint) {
         "include [my file] iff true",          // a blank in a path, and a misspelt keyword
         "exclude if a exists orr b exists",    // a misspelt keyword between two tests
         "exclude iff a exists",                // a misspelt keyword before a test
-        "exclude if $file == /opt/a-b exist"}; // a character no path holds, and a misspelt keyword
+        "exclude if $file == /opt/a-b exist",  // a character no path holds, and a misspelt keyword
+        "exclude if \"a\tb\" exist"};          // a tab in a quoted path, and a misspelt keyword
     for (const std::string& line : lines) {
         ASSERT_FALSE(parses(line)) << line;
         EXPECT_EQ("", syntaxHint(reportFor(line))) << line;
