@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Fuzz target: the input is the text of a script. Whatever it holds, parsing
 // gives a rule set or a syntax error, and a rule set survives every query.
+#include "StreamCapture.hpp"
 #include "exerciseRules.hpp"
 
 #include <qxqrscript/Parser.hpp>
@@ -8,28 +9,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <iostream>
 #include <memory>
-#include <sstream>
 #include <string>
-
-namespace {
-
-// Keeps what is written to standard output while it exists, to throw away:
-// the debug trace is exercised without flooding the fuzzer's output.
-class SilencedStandardOutput {
-public:
-    SilencedStandardOutput() : saved_(std::cout.rdbuf(discarded_.rdbuf())) {}
-    SilencedStandardOutput(const SilencedStandardOutput&) = delete;
-    SilencedStandardOutput& operator=(const SilencedStandardOutput&) = delete;
-    ~SilencedStandardOutput() { std::cout.rdbuf(saved_); }
-
-private:
-    std::ostringstream discarded_;
-    std::streambuf* saved_;
-};
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     // The library reads a script up to its terminating NUL, so an input with
@@ -41,8 +22,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     // The same text again, into the rule set it made, with the debug trace
     // on: the append operations and the trace see every accepted script too.
+    // The trace is thrown away rather than flood the fuzzer's output.
     {
-        SilencedStandardOutput silenced;
+        const qxqr::StreamCapture discarded;
         parser.parse(rules.get(), script.c_str(), true);
     }
     exerciseRules(*rules);

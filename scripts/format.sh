@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Lays out the project's C++ files as .clang-format says.
-#   scripts/format.sh check   lists the files whose layout differs; fails if any does
+#   scripts/format.sh check   lists the files whose layout differs, and the lines
+#                             that spell a type alias with typedef rather than
+#                             using; fails if there is any
 #   scripts/format.sh apply   rewrites those files in place
 # The files are the tracked .cpp and .hpp files of the folders below; the C
 # files under examples/ and tests/tool/fixtures/ are what the demo and the
@@ -37,6 +39,11 @@ case "${1:-}" in
         if [ -n "$differing" ]; then
             echo "format-check: these files differ from the layout of .clang-format (make format rewrites them):" >&2
             echo "$differing" >&2
+            exit 1
+        fi
+        # clang-tidy finds them too, but only in the library and the tool.
+        if sources | xargs -0 -r grep -n -w typedef >&2; then
+            echo "format-check: type aliases are written with using" >&2
             exit 1
         fi
         ;;

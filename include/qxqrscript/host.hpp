@@ -18,7 +18,7 @@ QXQRSCRIPT_API bool kfFileOrDirExists(const char* path);
 QXQRSCRIPT_API bool kfIsDirectory(const char* path);
 // The current directory, written into `buffer` of `size` characters;
 // returns `buffer`, or null when the directory cannot be had or `buffer`
-// is null.
+// is null. setCwdFromProcess hands it a zeroed buffer of 8706 characters.
 QXQRSCRIPT_API char* hbGetcwd(char* buffer, std::size_t size);
 }
 

@@ -15,11 +15,7 @@ struct ExpressionListAppend;
 
 // Adds one more element at the end of a path list; the result is the same list.
 template <>
-struct ExpressionListAppend<Path> {
-    using Left = PathList;
-    using Right = Expression<Path>;
-    using Result = PathList;
-
+struct ExpressionListAppend<Path> : BinaryOperands<PathList, Expression<Path>, PathList> {
     static Owned<PathList> build(Owned<PathList> list, Owned<Expression<Path>> element) {
         pushOwned(*list, element.release());
         return list;

@@ -15,10 +15,7 @@ struct ExpressionListCreate;
 
 // Starts a path list with its first element.
 template <>
-struct ExpressionListCreate<Path> {
-    using Operand = Expression<Path>;
-    using Result = PathList;
-
+struct ExpressionListCreate<Path> : UnaryOperands<Expression<Path>, PathList> {
     static Owned<PathList> build(Owned<Expression<Path>> first) {
         Owned<PathList> list(new PathList);
         pushOwned(*list, first.release());

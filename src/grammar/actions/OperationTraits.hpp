@@ -24,22 +24,30 @@ namespace QuorelScript {
 template <class X>
 struct Operation;
 
-// Builds X around one operand, which X then owns.
-template <class X, class R, class A>
-struct UnaryNodeOperation {
+// The operand types and the result type of an operation of one operand.
+template <class A, class R>
+struct UnaryOperands {
     using Operand = A;
     using Result = R;
+};
 
+// The operand types and the result type of an operation of two operands.
+template <class A, class B, class R>
+struct BinaryOperands {
+    using Left = A;
+    using Right = B;
+    using Result = R;
+};
+
+// Builds X around one operand, which X then owns.
+template <class X, class R, class A>
+struct UnaryNodeOperation : UnaryOperands<A, R> {
     static Owned<R> build(Owned<A> operand) { return Owned<R>(newOwner<X>(std::move(operand))); }
 };
 
 // Builds X from two operands, the one written first on the left.
 template <class X, class R, class A, class B>
-struct BinaryNodeOperation {
-    using Left = A;
-    using Right = B;
-    using Result = R;
-
+struct BinaryNodeOperation : BinaryOperands<A, B, R> {
     static Owned<R> build(Owned<A> left, Owned<B> right) {
         return Owned<R>(newOwner<X>(std::move(left), std::move(right)));
     }
@@ -72,10 +80,7 @@ struct Operation<InExpression> : BinaryNodeOperation<InExpression, Expression<bo
 // only once it exists: otherwise a failing construction would free them a
 // second time.
 template <class R>
-struct ConditionRuleOperation {
-    using Operand = Expression<bool>;
-    using Result = R;
-
+struct ConditionRuleOperation : UnaryOperands<Expression<bool>, R> {
     static Owned<R> build(Owned<Expression<bool>> condition) {
         Owned<R> rule(new R(nullptr));
         rule->condition = condition.release();
@@ -91,11 +96,7 @@ struct Operation<PruneRule> : ConditionRuleOperation<PruneRule> {};
 
 // An include rule takes its paths first and its condition second.
 template <>
-struct Operation<IncludeRule> {
-    using Left = PathList;
-    using Right = Expression<bool>;
-    using Result = IncludeRule;
-
+struct Operation<IncludeRule> : BinaryOperands<PathList, Expression<bool>, IncludeRule> {
     static Owned<IncludeRule> build(Owned<PathList> paths, Owned<Expression<bool>> condition) {
         Owned<IncludeRule> rule(new IncludeRule(nullptr, nullptr));
         rule->paths = paths.release();
