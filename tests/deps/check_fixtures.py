@@ -414,6 +414,34 @@ def check_dot_nodes(qxqr, b):
     check(len(pruned) == 1 and "style=filled, fillcolor=gray90" in pruned[0], f"a pruned file shaded:\n{dot}")
 
 
+def check_dot_edges(qxqr, b):
+    """The graph's edges: one from every file that needs a library, not only the first (a library that
+    two others need has two, a cycle closes), each from the node of its file however the file was named."""
+    lib = b.path("edges/lib")
+    b.library("edges/lib/libshared.so.1")
+    b.library("edges/lib/liba.so.1", ["edges/lib/libshared.so.1"], ["-Wl,--enable-new-dtags,-rpath,$ORIGIN"])
+    b.library("edges/lib/libb.so.1", ["edges/lib/libshared.so.1"], ["-Wl,--enable-new-dtags,-rpath,$ORIGIN"])
+    b.library("edges/lib/libq.so.1")
+    b.library("edges/lib/libp.so.1", ["edges/lib/libq.so.1"], ["-Wl,--enable-new-dtags,-rpath,$ORIGIN"])
+    b.library("edges/lib/libq.so.1", ["edges/lib/libp.so.1"], ["-Wl,--enable-new-dtags,-rpath,$ORIGIN"])
+    program = b.program("edges/bin/app", ["edges/lib/liba.so.1", "edges/lib/libb.so.1", "edges/lib/libp.so.1"],
+                        [f"-Wl,--enable-new-dtags,-rpath,{lib}"])
+    os.makedirs(b.path("edges/other"))
+    link = b.path("edges/other/app")
+    os.symlink("../bin/app", link)
+    run = run_deps(qxqr, ["--format", "dot", "--", program, link])
+    lines = run.stdout.splitlines()
+    edges = {tuple(line.strip().rstrip(";").split(" -> ")) for line in lines if " -> " in line}
+    nodes = {line.strip().split(" [label=")[0] for line in lines if " [label=" in line}
+    wanted = {(f'"{program}"', f'"{lib}/liba.so.1"'), (f'"{program}"', f'"{lib}/libb.so.1"'),
+              (f'"{lib}/liba.so.1"', f'"{lib}/libshared.so.1"'), (f'"{lib}/libb.so.1"', f'"{lib}/libshared.so.1"'),
+              (f'"{lib}/libp.so.1"', f'"{lib}/libq.so.1"'), (f'"{lib}/libq.so.1"', f'"{lib}/libp.so.1"')}
+    check(run.returncode == 0 and wanted <= edges, f"every need is an edge, a cycle closes:\n{run.stdout}{run.stderr}")
+    ends = {end for edge in edges for end in edge}
+    check(ends <= nodes and f'"{link}"' not in nodes,
+          f"every edge joins two nodes, the program given twice is one node:\n{run.stdout}")
+
+
 def check_tokens(qxqr, b, compiler):
     """$LIB and $PLATFORM in a DT_RUNPATH, replaced by the platform's values in a real search."""
     multiarch = subprocess.run([compiler, "-print-multiarch"], stdout=subprocess.PIPE, text=True).stdout.strip()
@@ -436,7 +464,7 @@ def check_tokens(qxqr, b, compiler):
 
 def check_configuration_under_sysroot(qxqr, b):
     """The directories of the loader's configuration (its include lines followed) come before the
-    default directories."""
+    default directories; its files are read inside the root."""
     root = b.path("conf-root")
     b.library("conf-root/opt/app/lib/libk.so.1")
     b.library("conf-root/usr/lib/libk.so.1")
@@ -449,6 +477,17 @@ def check_configuration_under_sysroot(qxqr, b):
     run = run_deps(qxqr, ["--sysroot", root, "--allow-missing", "--format", "paths", "--", program])
     check(f"{root}/opt/app/lib/libk.so.1\n" in run.stdout and f"{root}/usr/lib/libk.so.1" not in run.stdout,
           f"the configured directories come before the default ones:\n{run.stdout}")
+
+    # A configuration file that is a link to an absolute name is read from
+    # the root, never from this system: the file that the same name reaches
+    # here names a directory of the root that would come first.
+    b.library("conf-root/opt/host/lib/libk.so.1")
+    with open(b.path("host.conf"), "w") as configuration:
+        configuration.write("/opt/host/lib\n")
+    os.symlink(b.path("host.conf"), b.path("conf-root/etc/ld.so.conf.d/0-linked.conf"))
+    run = run_deps(qxqr, ["--sysroot", root, "--allow-missing", "--format", "paths", "--", program])
+    check(f"{root}/opt/app/lib/libk.so.1\n" in run.stdout and f"{root}/opt/host/lib/libk.so.1" not in run.stdout,
+          f"the loader's configuration is read inside the root:\n{run.stdout}")
 
 
 def check_rule_options(qxqr, b):
@@ -494,6 +533,7 @@ def main():
         check_sysroot(qxqr, builder)
         check_start_files_apart(qxqr, builder)
         check_dot_nodes(qxqr, builder)
+        check_dot_edges(qxqr, builder)
         check_tokens(qxqr, builder, arguments.compiler)
         check_configuration_under_sysroot(qxqr, builder)
         check_rule_options(qxqr, builder)
