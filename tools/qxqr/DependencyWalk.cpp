@@ -98,16 +98,13 @@ private:
     // The verdict on `file`, read as `read`, met through `caller` (null for
     // the start file); without rules, a kept file.
     Visit decide(const std::string& file, const ElfFile& read, const MetFile* caller) const {
+        std::optional<std::string> callerName = caller ? std::optional<std::string>(caller->file()) : std::nullopt;
         if (walk.rules) {
-            Visit verdict = walk.ruled(file, read, caller ? &caller->file() : nullptr, caller ? caller->read : nullptr);
-            if (caller)
-                verdict.caller = caller->file();
-            else
-                verdict.caller.reset();
-            return verdict;
+            const Visit& verdict =
+                walk.ruled(file, read, caller ? &*callerName : nullptr, caller ? caller->read : nullptr);
+            return Visit{file, std::move(callerName), verdict.fate, verdict.rule, verdict.includes};
         }
-        return Visit{
-            file, caller ? std::optional<std::string>(caller->file()) : std::nullopt, Fate::kept, std::nullopt, {}};
+        return Visit{file, std::move(callerName), Fate::kept, std::nullopt, {}};
     }
 
     void meetNothing(const std::string& name, Link link, const MetFile& caller) {
@@ -221,8 +218,10 @@ private:
     // loaded.
     void reconsider(MetFile& met, const std::string& name, Link link, const MetFile& caller) {
         addCaller(met, caller, link);
-        // Without rules every file is kept, so only rules bring a file here.
-        if (met.fate() == Fate::kept || met.dependency.visit.caller == caller.file())
+        // Without rules every file is kept, so only rules bring a file here;
+        // and rules that do not read $caller decide for this caller as they
+        // did for the first.
+        if (met.fate() == Fate::kept || !walk.callerCounts || met.dependency.visit.caller == caller.file())
             return;
         const Visit& verdict = walk.ruled(met.file(), *met.read, &caller.file(), caller.read);
         if (!keepsMore(verdict.fate, met.fate()))
