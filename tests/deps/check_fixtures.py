@@ -147,6 +147,13 @@ def build_and_check_closures(qxqr, builder, compiler):
     ran = subprocess.run([b.path("linked/elsewhere/app")], env=environment(None))
     check(ran.returncode == 0, f"the program started through a link loads its library (status {ran.returncode})")
 
+    # A library marked DF_1_NODEFLIB (-z nodefaultlib) finds nothing in the
+    # default directories, configured or not: the C library's libm is not
+    # found for it.
+    b.library("nodeflib/libnd.so.1", [], ["-Wl,-z,nodefaultlib", "-Wl,--no-as-needed", "-l:libm.so.6", "-Wl,--as-needed"])
+    program = b.program("nodeflib/app", ["nodeflib/libnd.so.1"], [f"-Wl,-rpath,{b.path('nodeflib')}"])
+    check_closure(qxqr, b, "DF_1_NODEFLIB", program, {"nodeflib/libnd.so.1", "not found: libm.so.6"})
+
     # A library that is gone.
     b.library("missing/libgone.so.1")
     program = b.program("missing/app", ["missing/libgone.so.1"])
