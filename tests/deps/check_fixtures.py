@@ -339,6 +339,21 @@ def check_sysroot(qxqr, b):
                 open(b.path(f"sysroot-copy/{name}"), "rb") as copy:
             check(copy.read() == original.read(), f"--copy-to under --sysroot copies the {name} of the root")
 
+    # A start file outside the root is read as it is, and everything it
+    # leads to is looked for inside the root, its $ORIGIN included: the copy
+    # of its library beside it on this system is not the one found.
+    b.library("host-app/lib/libh.so.1")
+    host_program = b.program("host-app/bin/app", ["host-app/lib/libh.so.1"],
+                             ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"])
+    real_root = os.path.realpath(b.root)
+    b.library(f"sysroot{real_root}/host-app/lib/libh.so.1")
+    os.makedirs(b.path(f"sysroot{real_root}/host-app/bin"))
+    run = run_deps(qxqr, ["--sysroot", root, "--allow-missing", "--format", "paths", "--", host_program])
+    found = run.stdout.splitlines()
+    check(run.returncode == 0 and f"{root}{real_root}/host-app/bin/../lib/libh.so.1" in found
+          and not any(line.startswith(real_root + "/host-app") for line in found),
+          f"the $ORIGIN of a start file outside --sysroot is looked up inside it:\n{run.stdout}{run.stderr}")
+
     # The rules see the files where they are read, DIR in front, as the
     # output names them, and --root is given so too; a rule written for the
     # system under DIR holds there with DIR bound to a variable in front of
