@@ -69,12 +69,12 @@ struct DependencyReport {
 // add. An included ELF file of the start file's kind is loaded as if at
 // run time by the file that included it, and followed like a need; any
 // other included file is listed. A file met again from another caller is
-// asked again while no caller has kept it, since a rule on $caller may
-// decide otherwise for that caller: the fate that keeps the most wins
+// decided on again while no caller has kept it, since a rule on $caller
+// may decide otherwise for that caller: the fate that keeps the most wins
 // (keepsMore), and the file is followed from the caller that keeps it.
 // Each file of the closure is reported once, in the order first met, with
-// the verdict that decided its fate. Without rules every file is kept.
-// Nothing is executed.
+// every file that needs or includes it and the verdict that decided its
+// fate. Without rules every file is kept. Nothing is executed.
 // Whether `fate` keeps more of a file than `than`: kept (shipped and
 // followed) over pruned (shipped) over excluded (left out).
 bool keepsMore(Fate fate, Fate than);
