@@ -303,9 +303,10 @@ std::vector<std::pair<std::string, std::optional<std::string>>> DependencyWalk::
 
 const Visit& DependencyWalk::ruled(const std::string& file, const ElfFile& read, const std::string* caller,
                                    const ElfFile* callerRead) {
-    auto [known, isNew] = verdicts.try_emplace(Question(&read, callerCounts ? callerRead : nullptr));
-    if (isNew)
-        known->second = visit(*rules, file, caller);
+    const Question question(&read, callerCounts ? callerRead : nullptr);
+    auto known = verdicts.find(question);
+    if (known == verdicts.end())
+        known = verdicts.emplace(question, visit(*rules, file, caller)).first;
     return known->second;
 }
 
