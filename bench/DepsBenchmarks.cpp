@@ -4,8 +4,10 @@
 // their output written to files, each timed by the processor time it used
 // (the loader's runs included, which ldd starts one per program); the
 // wall-clock time is a counter. Then the rules' share: `qxqr deps` with
-// the bundling example, precomputed, and the questions that walk asks the
-// rules, asked in this process alone.
+// the bundling example, precomputed, run beside the runs without rules;
+// the same walk in this process, with and without the rules, in turns;
+// and every question that walk asks the rules, asked again in this
+// process alone.
 #include "Benchmarks.hpp"
 #include "Names.hpp"
 #include "ProgramTiming.hpp"
@@ -28,7 +30,7 @@
 #include <memory>
 #include <optional>
 #include <ostream>
-#include <set>
+#include <vector>
 
 namespace qxqr::bench {
 
@@ -80,70 +82,82 @@ void qxqrDepsWithRules(benchmark::State& state) {
 
 using Question = std::pair<std::string, std::optional<std::string>>; // a file, and the file that led to it
 
-// The rules of a walk, each question noted as the walk asks it; the
-// answers are the rules' own.
-class NotingRules : public QuorelScript::Rules {
-public:
-    NotingRules(QuorelScript::Rules& rules, std::set<Question>& asked) : rules(rules), asked(asked) {}
-
-    bool isExcluded(const char* file, const char* reserved, const char* caller) override {
-        asked.emplace(file, caller ? std::optional<std::string>(caller) : std::nullopt);
-        return rules.isExcluded(file, reserved, caller);
-    }
-    bool isPruned(const char* file, const char* reserved, const char* caller) override {
-        return rules.isPruned(file, reserved, caller);
-    }
-    void getIncludes(const char* file, const char* reserved, QuorelRules::Includer& includer) override {
-        rules.getIncludes(file, reserved, includer);
-    }
-    void setVantorRoot(const char* root) override { rules.setVantorRoot(root); }
-    void setCwd(const char* dir) override { rules.setCwd(dir); }
-    int setCwdFromProcess() override { return rules.setCwdFromProcess(); }
-    void bindVariable(const char* name, const char* value) override { rules.bindVariable(name, value); }
-    void precompute() override { rules.precompute(); }
-    std::ostream& print(std::ostream& os) const override { return rules.print(os); }
-    const std::string& getLastMatchText() const override { return rules.getLastMatchText(); }
-
-private:
-    QuorelScript::Rules& rules;
-    std::set<Question>& asked;
-};
-
-// Every question the walk of the programs asks the rules, once: each file
-// met, with the file that led to it, and again with each further caller
-// while no caller has kept it.
+// Every question the walk of the programs asks the rules, as `qxqr deps`
+// walks them: each once, since the walk remembers the verdicts.
 std::vector<Question> questionsAsked(QuorelScript::Rules& rules) {
-    std::set<Question> asked;
-    NotingRules noting(rules, asked);
     ElfFiles files;
     const char* libraryPath = std::getenv("LD_LIBRARY_PATH");
     LibrarySearch search({"", libraryPath ? libraryPath : "", configuredDirectories("")}, files);
-    DependencyWalk walk(&noting, search, files);
+    DependencyWalk walk(&rules, search, files);
     DependencyReport report{[](const Dependency&) {}, [](const std::string&, const std::string&) {}};
     for (const std::string& program : programs())
         walk.walkFrom(program, report);
-    return {asked.begin(), asked.end()};
+    return walk.questionsAsked();
+}
+
+std::unique_ptr<QuorelScript::Rules> bundleRules() {
+    QuorelScript::FileReader reader;
+    std::unique_ptr<QuorelScript::Rules> rules(reader.read(QXQR_BENCH_EXAMPLES_DIR "/bundle.rules"));
+    if (rules) {
+        rules->setVantorRoot("/opt/app");
+        rules->setCwdFromProcess();
+        rules->precompute();
+    }
+    return rules;
 }
 
 // The rules' own share of a walk: the bundling rules, precomputed, asked
-// in this process every question of the walk of the programs, as the walk
-// asks them (isExcluded, isPruned, then getIncludes for a kept file).
+// in this process every question that the walk of the programs asks them
+// (isExcluded, isPruned, then getIncludes for a kept file).
 void bundleRulesQuestions(benchmark::State& state) {
-    QuorelScript::FileReader reader;
-    std::unique_ptr<QuorelScript::Rules> rules(reader.read(QXQR_BENCH_EXAMPLES_DIR "/bundle.rules"));
+    std::unique_ptr<QuorelScript::Rules> rules = bundleRules();
     if (!rules) {
         state.SkipWithError("cannot read the bundling rules");
         return;
     }
-    rules->setVantorRoot("/opt/app");
-    rules->setCwdFromProcess();
-    rules->precompute();
     const auto questions = questionsAsked(*rules);
     for (auto _ : state) {
         for (const auto& [file, caller] : questions)
             benchmark::DoNotOptimize(visit(*rules, file, caller ? &*caller : nullptr));
     }
     state.counters["questions"] = static_cast<double>(questions.size());
+}
+
+// The walk of the programs in this process, as `qxqr deps` walks them
+// (every file read anew, the verdicts remembered anew), with `rules` or,
+// if null, without: the two side by side tell what the rules add to the
+// whole walk, with everything they cause (the verdicts, remembered and
+// given again, the rules asked again of a file excluded for one caller).
+void walkPrograms(benchmark::State& state, QuorelScript::Rules* rules) {
+    const char* libraryPath = std::getenv("LD_LIBRARY_PATH");
+    std::size_t met = 0;
+    std::size_t asked = 0;
+    for (auto _ : state) {
+        ElfFiles files;
+        LibrarySearch search({"", libraryPath ? libraryPath : "", configuredDirectories("")}, files);
+        DependencyWalk walk(rules, search, files);
+        DependencyReport report{[&](const Dependency&) { ++met; }, [](const std::string&, const std::string&) {}};
+        for (const std::string& program : programs())
+            walk.walkFrom(program, report);
+        state.PauseTiming();
+        asked += walk.questionsAsked().size();
+        state.ResumeTiming();
+    }
+    state.counters["met"] = static_cast<double>(met) / static_cast<double>(state.iterations());
+    state.counters["questions"] = static_cast<double>(asked) / static_cast<double>(state.iterations());
+}
+
+void walkWithoutRules(benchmark::State& state) {
+    walkPrograms(state, nullptr);
+}
+
+void walkWithBundleRules(benchmark::State& state) {
+    std::unique_ptr<QuorelScript::Rules> rules = bundleRules();
+    if (!rules) {
+        state.SkipWithError("cannot read the bundling rules");
+        return;
+    }
+    walkPrograms(state, rules.get());
 }
 
 void loaderList(benchmark::State& state) {
@@ -168,11 +182,21 @@ std::string depsBenchmarkName(const std::string& on) {
 void registerDepsBenchmarks() {
     registerOne("qxqr", qxqrDeps, 5);
     registerOne("qxqrBundleRules", qxqrDepsWithRules, 5);
+    registerOne("qxqrAgain", qxqrDeps, 5); // the yardstick again, after the runs with the rules
     registerOne("ldd", loaderList, 1);
     benchmark::RegisterBenchmark(depsBenchmarkName("bundleRulesQuestions").c_str(), bundleRulesQuestions)
         ->Unit(benchmark::kMillisecond)
         ->Repetitions(3)
         ->DisplayAggregatesOnly();
+    // Alternated, so that a change in the machine's load falls on both.
+    for (int round = 0; round < 3; ++round) {
+        benchmark::RegisterBenchmark(depsBenchmarkName("walk").c_str(), walkWithoutRules)
+            ->Unit(benchmark::kMillisecond)
+            ->Iterations(10);
+        benchmark::RegisterBenchmark(depsBenchmarkName("walkBundleRules").c_str(), walkWithBundleRules)
+            ->Unit(benchmark::kMillisecond)
+            ->Iterations(10);
+    }
 }
 
 } // namespace qxqr::bench

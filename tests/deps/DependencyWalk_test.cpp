@@ -10,13 +10,46 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 #include <memory>
+#include <set>
 
 namespace qxqr {
 namespace {
 
 using test::ElfImage;
 using Lines = std::vector<std::string>;
+
+// The rules of a walk, each question counted as it is asked: how many
+// times isExcluded was asked of each file through each caller ("-" for a
+// start file); the answers are the rules' own.
+class CountingRules : public QuorelScript::Rules {
+public:
+    explicit CountingRules(QuorelScript::Rules& rules) : rules(rules) {}
+
+    bool isExcluded(const char* file, const char* reserved, const char* caller) override {
+        ++asked[{file, caller ? caller : "-"}];
+        return rules.isExcluded(file, reserved, caller);
+    }
+    bool isPruned(const char* file, const char* reserved, const char* caller) override {
+        return rules.isPruned(file, reserved, caller);
+    }
+    void getIncludes(const char* file, const char* reserved, QuorelRules::Includer& includer) override {
+        rules.getIncludes(file, reserved, includer);
+    }
+    void setVantorRoot(const char* root) override { rules.setVantorRoot(root); }
+    void setCwd(const char* dir) override { rules.setCwd(dir); }
+    int setCwdFromProcess() override { return rules.setCwdFromProcess(); }
+    void bindVariable(const char* name, const char* value) override { rules.bindVariable(name, value); }
+    void precompute() override { rules.precompute(); }
+    std::ostream& print(std::ostream& os) const override { return rules.print(os); }
+    const std::string& getLastMatchText() const override { return rules.getLastMatchText(); }
+
+    std::map<std::pair<std::string, std::string>, int> asked;
+
+private:
+    QuorelScript::Rules& rules;
+};
 
 // A system under a temporary root: a program /app/bin/app with the
 // interpreter /lib64/ld.so, and the libraries a test puts in /usr/lib.
@@ -46,16 +79,43 @@ protected:
 
     // Each report as a line: "LINK FILE FATE (CALLER)", paths inside the
     // root written from it, problems as "problem FILE: REASON".
-    Lines walk(const std::vector<std::string>& starts) {
+    // Each report as "FILE <- CALLER, CALLER", every file of the process
+    // that needs or includes it, in the order given.
+    Lines callers(const std::vector<std::string>& starts) {
         ElfFiles files(root.path());
         LibrarySearch search({root.path(), "", {}}, files);
         DependencyWalk walker(ruleSet.get(), search, files);
+        Lines lines;
+        DependencyReport report{[&](const Dependency& met) {
+                                    std::string line = inRoot(met.visit.file) + " <-";
+                                    for (const Caller& caller : met.callers)
+                                        line += " " + std::string(linkName(caller.link)) + ":" + inRoot(caller.file);
+                                    lines.push_back(line);
+                                },
+                                [](const std::string&, const std::string&) {}};
+        for (const std::string& start : starts)
+            walker.walkFrom(root.path(start), report);
+        return lines;
+    }
+
+    // With `verdicts`, each line adds the deciding rule and the includes;
+    // `questions`, if given, receives the questions the walk asked the rules.
+    Lines walk(const std::vector<std::string>& starts, QuorelScript::Rules* asked = nullptr, bool verdicts = false,
+               std::set<std::string>* questions = nullptr) {
+        ElfFiles files(root.path());
+        LibrarySearch search({root.path(), "", {}}, files);
+        DependencyWalk walker(asked ? asked : ruleSet.get(), search, files);
         Lines lines;
         DependencyReport report{[&](const Dependency& met) {
                                     std::string line = std::string(linkName(met.link)) + " " + inRoot(met.visit.file) +
                                                        " " + (met.found ? fateName(met.visit.fate) : "not-found");
                                     if (met.visit.caller)
                                         line += " (" + inRoot(*met.visit.caller) + ")";
+                                    if (verdicts && met.visit.rule)
+                                        line += " by " + *met.visit.rule;
+                                    for (const std::string& included : met.visit.includes)
+                                        if (verdicts)
+                                            line += " + " + inRoot(included);
                                     lines.push_back(line);
                                 },
                                 [&](const std::string& file, const std::string& reason) {
@@ -63,6 +123,9 @@ protected:
                                 }};
         for (const std::string& start : starts)
             walker.walkFrom(root.path(start), report);
+        if (questions)
+            for (const auto& [file, caller] : walker.questionsAsked())
+                questions->insert(inRoot(file) + " (" + (caller ? inRoot(*caller) : "-") + ")");
         return lines;
     }
 
@@ -219,6 +282,115 @@ TEST_F(DependencyWalkTest, AFileThatCannotBeUsedIsToldOnceHoweverManyNeedIt) {
                   "interpreter /lib64/ld.so kept (/app/bin/app)",
                   "needed /usr/lib/liba.so.1 kept (/app/bin/app)",
               }));
+}
+
+// Every file that needs or includes a file is told, not only the one
+// whose verdict decided: a library needed by two others, and a cycle.
+TEST_F(DependencyWalkTest, EveryCallerOfAFileIsTold) {
+    program({"liba.so.1", "libb.so.1", "libp.so.1"});
+    library("/usr/lib/liba.so.1", {"libshared.so.1"});
+    library("/usr/lib/libb.so.1", {"libshared.so.1", "libgone.so.1"});
+    library("/usr/lib/libshared.so.1", {"libgone.so.1", "ld.so"});
+    library("/usr/lib/libp.so.1", {"libq.so.1"});
+    library("/usr/lib/libq.so.1", {"libp.so.1"});
+    root.file("app/plugins/notes.txt", "not a library\n");
+    rules("include $vantor/app/plugins/notes.txt if $name in [app, libshared.so]\n");
+    EXPECT_EQ(callers({"app/bin/app"}), (Lines{
+                                            "/app/bin/app <-",
+                                            "/lib64/ld.so <- interpreter:/app/bin/app needed:/usr/lib/libshared.so.1",
+                                            "/usr/lib/liba.so.1 <- needed:/app/bin/app",
+                                            "/usr/lib/libb.so.1 <- needed:/app/bin/app",
+                                            "/usr/lib/libp.so.1 <- needed:/app/bin/app needed:/usr/lib/libq.so.1",
+                                            "/app/plugins/notes.txt <- included:/app/bin/app "
+                                            "included:/usr/lib/libshared.so.1",
+                                            "/usr/lib/libshared.so.1 <- needed:/usr/lib/liba.so.1 "
+                                            "needed:/usr/lib/libb.so.1",
+                                            "libgone.so.1 <- needed:/usr/lib/libb.so.1",
+                                            "/usr/lib/libq.so.1 <- needed:/usr/lib/libp.so.1",
+                                            "libgone.so.1 <- needed:/usr/lib/libshared.so.1",
+                                        }));
+}
+
+// The rules answer each question once in a walk, however many start files
+// and callers meet a file again, and the verdicts given again are the
+// same: the fate, the deciding rule and the includes.
+TEST_F(DependencyWalkTest, EachQuestionIsAskedOfTheRulesOnce) {
+    program({"liba.so.1", "libb.so.1"});
+    library("/usr/lib/liba.so.1", {"libx.so.1", "libp.so.1"});
+    library("/usr/lib/libb.so.1", {"libx.so.1", "libp.so.1"});
+    library("/usr/lib/libx.so.1");
+    library("/usr/lib/libp.so.1");
+    root.file("app/plugins/notes.txt", "not a library\n");
+    rules("exclude if $name == libx.so and $caller == $vantor/usr/lib/liba.so.1\n"
+          "prune if $name == libp.so\n"
+          "include $vantor/app/plugins if $dir == $vantor/app/bin\n");
+    const Lines once = walk({"app/bin/app"}, nullptr, true);
+    CountingRules counting(*ruleSet);
+    const Lines twice = walk({"app/bin/app", "app/bin/app"}, &counting, true);
+    ASSERT_EQ(once.size(), 7u);
+    EXPECT_EQ(once[0], "start /app/bin/app kept + /app/plugins/notes.txt");
+    EXPECT_EQ(once[6], "needed /usr/lib/libp.so.1 pruned (/usr/lib/liba.so.1) by <anonymous script>, line 2: \n"
+                       "prune if $name == libp.so");
+    ASSERT_EQ(twice.size(), 2 * once.size());
+    EXPECT_EQ(Lines(twice.begin(), twice.begin() + once.size()), once);
+    EXPECT_EQ(Lines(twice.begin() + once.size(), twice.end()), once);
+    // the program, ld.so, liba, libb and notes.txt, then libx and libp through liba and through libb
+    EXPECT_EQ(counting.asked.size(), 9u);
+    for (const auto& [question, times] : counting.asked)
+        EXPECT_EQ(times, 1) << question.first << " through " << question.second;
+}
+
+// Where no exclude or prune rule reads $caller, the caller changes no
+// verdict: each file is asked about once, whatever leads to it, and told
+// with the caller that led to it.
+TEST_F(DependencyWalkTest, RulesThatDoNotReadTheCallerAreAskedOnceAFile) {
+    program({"liba.so.1", "libb.so.1"});
+    library("/usr/lib/liba.so.1", {"libx.so.1", "libp.so.1"});
+    library("/usr/lib/libb.so.1", {"libx.so.1", "libp.so.1"});
+    library("/usr/lib/libx.so.1");
+    library("/usr/lib/libp.so.1");
+    rules("exclude if $name == libx.so\nprune if $name == libp.so\n");
+    for (bool precomputed : {false, true}) {
+        if (precomputed)
+            ruleSet->precompute();
+        std::set<std::string> questions;
+        const Lines lines = walk({"app/bin/app", "app/bin/app"}, nullptr, false, &questions);
+        EXPECT_EQ(questions, (std::set<std::string>{
+                                 "/app/bin/app (-)", "/lib64/ld.so (/app/bin/app)", "/usr/lib/liba.so.1 (/app/bin/app)",
+                                 "/usr/lib/libb.so.1 (/app/bin/app)", "/usr/lib/libx.so.1 (/usr/lib/liba.so.1)",
+                                 "/usr/lib/libp.so.1 (/usr/lib/liba.so.1)"}))
+            << "precomputed: " << precomputed;
+        ASSERT_EQ(lines.size(), 12u);
+        EXPECT_EQ(lines[10], "needed /usr/lib/libx.so.1 excluded (/usr/lib/liba.so.1)");
+    }
+    // A verdict given again is told with the caller that led to the file
+    // this time.
+    ElfImage other = ElfImage::library({"libb.so.1"});
+    other.type = ET_EXEC;
+    other.interpreter = "/lib64/ld.so";
+    root.file("app/bin/other", other.bytes());
+    const Lines lines = walk({"app/bin/app", "app/bin/other"});
+    ASSERT_EQ(lines.size(), 11u);
+    EXPECT_EQ(lines[9], "needed /usr/lib/libx.so.1 excluded (/usr/lib/libb.so.1)");
+    EXPECT_EQ(lines[10], "needed /usr/lib/libp.so.1 pruned (/usr/lib/libb.so.1)");
+}
+
+// A rule on $caller is asked through each caller, precomputed or not.
+TEST_F(DependencyWalkTest, RulesThatReadTheCallerAreAskedForEachCaller) {
+    program({"liba.so.1", "libb.so.1"});
+    library("/usr/lib/liba.so.1", {"libx.so.1"});
+    library("/usr/lib/libb.so.1", {"libx.so.1"});
+    library("/usr/lib/libx.so.1");
+    rules("exclude if $name == libx.so and $caller == $vantor/usr/lib/liba.so.1\n");
+    for (bool precomputed : {false, true}) {
+        if (precomputed)
+            ruleSet->precompute();
+        std::set<std::string> questions;
+        const Lines lines = walk({"app/bin/app"}, nullptr, false, &questions);
+        EXPECT_EQ(questions.count("/usr/lib/libx.so.1 (/usr/lib/libb.so.1)"), 1u) << "precomputed: " << precomputed;
+        EXPECT_EQ(lines.back(), "needed /usr/lib/libx.so.1 kept (/usr/lib/libb.so.1)")
+            << "precomputed: " << precomputed;
+    }
 }
 
 } // namespace

@@ -131,15 +131,19 @@ TEST_F(LibrarySearchTest, TokensComeFromTheObjectThatHoldsThePath) {
     EXPECT_EQ(find("liby.so.1", library), "/app/bin/env/liby.so.1");
 }
 
-TEST_F(LibrarySearchTest, DfNodeflibSkipsTheConfigurationAndTheDefaults) {
-    configured = {"/conf"};
+// DF_1_NODEFLIB skips the default directories, configured or not; a
+// configured directory of another name is still searched.
+TEST_F(LibrarySearchTest, DfNodeflibSkipsTheDefaultDirectoriesOnly) {
+    configured = {"/usr/lib", "/conf"};
     put("/conf/libx.so.1");
     put("/usr/lib/libx.so.1");
+    put("/usr/lib/liby.so.1");
     ElfImage image = ElfImage::library();
     image.noDefaultLibraries = true;
     std::string bytes = image.bytes();
     ElfObject object = readElfMemory(bytes.data(), bytes.size());
-    EXPECT_EQ(find("libx.so.1", loaded("/app/app", object)), "not found");
+    EXPECT_EQ(find("libx.so.1", loaded("/app/app", object)), "/conf/libx.so.1");
+    EXPECT_EQ(find("liby.so.1", loaded("/app/app", object)), "not found");
 }
 
 TEST_F(LibrarySearchTest, ALibraryOfAnotherClassOrMachineIsPassedOver) {

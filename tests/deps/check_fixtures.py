@@ -147,6 +147,13 @@ def build_and_check_closures(qxqr, builder, compiler):
     ran = subprocess.run([b.path("linked/elsewhere/app")], env=environment(None))
     check(ran.returncode == 0, f"the program started through a link loads its library (status {ran.returncode})")
 
+    # A library marked DF_1_NODEFLIB (-z nodefaultlib) finds nothing in the
+    # default directories, configured or not: the C library's libm is not
+    # found for it.
+    b.library("nodeflib/libnd.so.1", [], ["-Wl,-z,nodefaultlib", "-Wl,--no-as-needed", "-l:libm.so.6", "-Wl,--as-needed"])
+    program = b.program("nodeflib/app", ["nodeflib/libnd.so.1"], [f"-Wl,-rpath,{b.path('nodeflib')}"])
+    check_closure(qxqr, b, "DF_1_NODEFLIB", program, {"nodeflib/libnd.so.1", "not found: libm.so.6"})
+
     # A library that is gone.
     b.library("missing/libgone.so.1")
     program = b.program("missing/app", ["missing/libgone.so.1"])
@@ -332,6 +339,21 @@ def check_sysroot(qxqr, b):
                 open(b.path(f"sysroot-copy/{name}"), "rb") as copy:
             check(copy.read() == original.read(), f"--copy-to under --sysroot copies the {name} of the root")
 
+    # A start file outside the root is read as it is, and everything it
+    # leads to is looked for inside the root, its $ORIGIN included: the copy
+    # of its library beside it on this system is not the one found.
+    b.library("host-app/lib/libh.so.1")
+    host_program = b.program("host-app/bin/app", ["host-app/lib/libh.so.1"],
+                             ["-Wl,--enable-new-dtags,-rpath,$ORIGIN/../lib"])
+    real_root = os.path.realpath(b.root)
+    b.library(f"sysroot{real_root}/host-app/lib/libh.so.1")
+    os.makedirs(b.path(f"sysroot{real_root}/host-app/bin"))
+    run = run_deps(qxqr, ["--sysroot", root, "--allow-missing", "--format", "paths", "--", host_program])
+    found = run.stdout.splitlines()
+    check(run.returncode == 0 and f"{root}{real_root}/host-app/bin/../lib/libh.so.1" in found
+          and not any(line.startswith(real_root + "/host-app") for line in found),
+          f"the $ORIGIN of a start file outside --sysroot is looked up inside it:\n{run.stdout}{run.stderr}")
+
     # The rules see the files where they are read, DIR in front, as the
     # output names them, and --root is given so too; a rule written for the
     # system under DIR holds there with DIR bound to a variable in front of
@@ -414,6 +436,34 @@ def check_dot_nodes(qxqr, b):
     check(len(pruned) == 1 and "style=filled, fillcolor=gray90" in pruned[0], f"a pruned file shaded:\n{dot}")
 
 
+def check_dot_edges(qxqr, b):
+    """The graph's edges: one from every file that needs a library, not only the first (a library that
+    two others need has two, a cycle closes), each from the node of its file however the file was named."""
+    lib = b.path("edges/lib")
+    b.library("edges/lib/libshared.so.1")
+    b.library("edges/lib/liba.so.1", ["edges/lib/libshared.so.1"], ["-Wl,--enable-new-dtags,-rpath,$ORIGIN"])
+    b.library("edges/lib/libb.so.1", ["edges/lib/libshared.so.1"], ["-Wl,--enable-new-dtags,-rpath,$ORIGIN"])
+    b.library("edges/lib/libq.so.1")
+    b.library("edges/lib/libp.so.1", ["edges/lib/libq.so.1"], ["-Wl,--enable-new-dtags,-rpath,$ORIGIN"])
+    b.library("edges/lib/libq.so.1", ["edges/lib/libp.so.1"], ["-Wl,--enable-new-dtags,-rpath,$ORIGIN"])
+    program = b.program("edges/bin/app", ["edges/lib/liba.so.1", "edges/lib/libb.so.1", "edges/lib/libp.so.1"],
+                        [f"-Wl,--enable-new-dtags,-rpath,{lib}"])
+    os.makedirs(b.path("edges/other"))
+    link = b.path("edges/other/app")
+    os.symlink("../bin/app", link)
+    run = run_deps(qxqr, ["--format", "dot", "--", program, link])
+    lines = run.stdout.splitlines()
+    edges = {tuple(line.strip().rstrip(";").split(" -> ")) for line in lines if " -> " in line}
+    nodes = {line.strip().split(" [label=")[0] for line in lines if " [label=" in line}
+    wanted = {(f'"{program}"', f'"{lib}/liba.so.1"'), (f'"{program}"', f'"{lib}/libb.so.1"'),
+              (f'"{lib}/liba.so.1"', f'"{lib}/libshared.so.1"'), (f'"{lib}/libb.so.1"', f'"{lib}/libshared.so.1"'),
+              (f'"{lib}/libp.so.1"', f'"{lib}/libq.so.1"'), (f'"{lib}/libq.so.1"', f'"{lib}/libp.so.1"')}
+    check(run.returncode == 0 and wanted <= edges, f"every need is an edge, a cycle closes:\n{run.stdout}{run.stderr}")
+    ends = {end for edge in edges for end in edge}
+    check(ends <= nodes and f'"{link}"' not in nodes,
+          f"every edge joins two nodes, the program given twice is one node:\n{run.stdout}")
+
+
 def check_tokens(qxqr, b, compiler):
     """$LIB and $PLATFORM in a DT_RUNPATH, replaced by the platform's values in a real search."""
     multiarch = subprocess.run([compiler, "-print-multiarch"], stdout=subprocess.PIPE, text=True).stdout.strip()
@@ -436,7 +486,7 @@ def check_tokens(qxqr, b, compiler):
 
 def check_configuration_under_sysroot(qxqr, b):
     """The directories of the loader's configuration (its include lines followed) come before the
-    default directories."""
+    default directories; its files are read inside the root."""
     root = b.path("conf-root")
     b.library("conf-root/opt/app/lib/libk.so.1")
     b.library("conf-root/usr/lib/libk.so.1")
@@ -449,6 +499,17 @@ def check_configuration_under_sysroot(qxqr, b):
     run = run_deps(qxqr, ["--sysroot", root, "--allow-missing", "--format", "paths", "--", program])
     check(f"{root}/opt/app/lib/libk.so.1\n" in run.stdout and f"{root}/usr/lib/libk.so.1" not in run.stdout,
           f"the configured directories come before the default ones:\n{run.stdout}")
+
+    # A configuration file that is a link to an absolute name is read from
+    # the root, never from this system: the file that the same name reaches
+    # here names a directory of the root that would come first.
+    b.library("conf-root/opt/host/lib/libk.so.1")
+    with open(b.path("host.conf"), "w") as configuration:
+        configuration.write("/opt/host/lib\n")
+    os.symlink(b.path("host.conf"), b.path("conf-root/etc/ld.so.conf.d/0-linked.conf"))
+    run = run_deps(qxqr, ["--sysroot", root, "--allow-missing", "--format", "paths", "--", program])
+    check(f"{root}/opt/app/lib/libk.so.1\n" in run.stdout and f"{root}/opt/host/lib/libk.so.1" not in run.stdout,
+          f"the loader's configuration is read inside the root:\n{run.stdout}")
 
 
 def check_rule_options(qxqr, b):
@@ -494,6 +555,7 @@ def main():
         check_sysroot(qxqr, builder)
         check_start_files_apart(qxqr, builder)
         check_dot_nodes(qxqr, builder)
+        check_dot_edges(qxqr, builder)
         check_tokens(qxqr, builder, arguments.compiler)
         check_configuration_under_sysroot(qxqr, builder)
         check_rule_options(qxqr, builder)

@@ -46,8 +46,12 @@ const char* styleOf(std::optional<Fate> fate) {
     return "style=solid";
 }
 
-// Edges are written as they are met, each once. A node is named by its
-// path (or by the name nothing answers) and labelled by its last part, the
+// Edges are written as they are met, each once: one from every file that
+// needs or includes a dependency, so that a library needed by two others
+// has two, and a cycle closes. A node is named by its path (or by the name
+// nothing answers), the first met of a file's names (a file reached by
+// several paths, or given twice under two names, is one node, and its
+// edges start from that node too), and labelled by its last part, the
 // whole path as its tooltip; since start files may decide on a file
 // differently, the nodes are written at the end, each once, styled by the
 // fate that keeps the most (keepsMore).
@@ -57,9 +61,17 @@ public:
 
     void met(const Dependency& dependency) override {
         const std::string node = nodeOf(dependency);
-        if (dependency.visit.caller && edges.emplace(*dependency.visit.caller, node).second)
-            writeStandardOutput("  " + dotName(*dependency.visit.caller) + " -> " + dotName(node) +
-                                (dependency.link == Link::included ? " [style=dotted]" : "") + ";\n");
+        std::string text;
+        for (const Caller& caller : dependency.callers) {
+            // A caller is met before what it needs, but in a cycle it may be
+            // told after: its node's name is settled here then.
+            const std::string& from = names.emplace(caller.identity, caller.file).first->second;
+            if (edges.emplace(from, node).second)
+                text += "  " + dotName(from) + " -> " + dotName(node) +
+                        (caller.link == Link::included ? " [style=dotted]" : "") + ";\n";
+        }
+        if (!text.empty())
+            writeStandardOutput(text);
     }
 
     void finish(const DependencyCounts&) override {

@@ -4,7 +4,11 @@
 #include "LoaderPlatform.hpp"
 #include "QuotedName.hpp"
 
+#include <qxqrscript/observe.hpp>
+
+#include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <deque>
 #include <map>
@@ -29,7 +33,7 @@ public:
         this->start = start;
         kind = file.object->kind;
         platform = LoaderPlatform::of(kind);
-        MetFile& program = meet(start, Link::start, file, walk.decide(start, nullptr));
+        MetFile& program = meet(start, Link::start, file, decide(start, file, nullptr));
         if (program.fate() != Fate::excluded)
             program.object = &load(walk.search.systemPath(start), start, file, nullptr, program, programOrigin());
         if (program.fate() == Fate::kept) {
@@ -53,6 +57,7 @@ private:
     struct MetFile {
         Dependency dependency;
         const LoadedObject* object = nullptr;
+        const ElfFile* read = nullptr; // what `file()` leads to (null for a need that nothing answers)
 
         Fate fate() const { return dependency.visit.fate; }
         const std::string& file() const { return dependency.visit.file; }
@@ -84,14 +89,46 @@ private:
 
     MetFile& meet(const std::string& name, Link link, const ElfFile& file, Visit verdict) {
         std::optional<std::string> soname = file.object ? file.object->soname : std::nullopt;
-        closure.push_back({{start, name, link, true, std::move(verdict), soname, file.identity, file.location}});
+        closure.push_back(
+            {{start, name, link, true, std::move(verdict), soname, file.identity, file.location, {}}, nullptr, &file});
         metByIdentity.emplace(file.identity, &closure.back());
         return closure.back();
     }
 
-    void meetNothing(const std::string& name, Link link, const std::string& caller) {
-        closure.push_back(
-            {{start, name, link, false, Visit{name, caller, Fate::kept, std::nullopt, {}}, std::nullopt, {}, ""}});
+    // The verdict on `file`, read as `read`, met through `caller` (null for
+    // the start file); without rules, a kept file.
+    Visit decide(const std::string& file, const ElfFile& read, const MetFile* caller) const {
+        std::optional<std::string> callerName = caller ? std::optional<std::string>(caller->file()) : std::nullopt;
+        if (walk.rules) {
+            const Visit& verdict =
+                walk.ruled(file, read, caller ? &*callerName : nullptr, caller ? caller->read : nullptr);
+            return Visit{file, std::move(callerName), verdict.fate, verdict.rule, verdict.includes};
+        }
+        return Visit{file, std::move(callerName), Fate::kept, std::nullopt, {}};
+    }
+
+    void meetNothing(const std::string& name, Link link, const MetFile& caller) {
+        closure.push_back({{start,
+                            name,
+                            link,
+                            false,
+                            Visit{name, caller.file(), Fate::kept, std::nullopt, {}},
+                            std::nullopt,
+                            {},
+                            "",
+                            {}}});
+        addCaller(closure.back(), caller, link);
+    }
+
+    // `caller` needs or includes `met`: an edge of the graph, once for each
+    // caller.
+    static void addCaller(MetFile& met, const MetFile& caller, Link link) {
+        std::vector<Caller>& callers = met.dependency.callers;
+        const FileIdentity& identity = caller.dependency.identity;
+        for (const Caller& known : callers)
+            if (known.identity == identity)
+                return;
+        callers.push_back({caller.file(), identity, link});
     }
 
     // Loads `file` for `met`; `origin` is the object's $ORIGIN, when it is
@@ -121,12 +158,12 @@ private:
     void meetNeed(const std::string& name, Link link, const MetFile& caller) {
         auto answered = answering.find(name);
         if (answered != answering.end()) {
-            reconsider(*answered->second, name, link, caller.file());
+            reconsider(*answered->second, name, link, caller);
             return;
         }
         Resolution resolution = walk.search.find(name, *caller.object, kind);
         if (resolution.outcome == Resolution::Outcome::notFound) {
-            meetNothing(name, link, caller.file());
+            meetNothing(name, link, caller);
             return;
         }
         const std::string file = walk.search.hostPath(resolution.path);
@@ -138,10 +175,11 @@ private:
         auto same = metByIdentity.find(found.identity);
         if (same != metByIdentity.end()) {
             answering.emplace(name, same->second);
-            reconsider(*same->second, name, link, caller.file());
+            reconsider(*same->second, name, link, caller);
             return;
         }
-        MetFile& met = meet(name, link, found, walk.decide(file, &caller.file()));
+        MetFile& met = meet(name, link, found, decide(file, found, &caller));
+        addCaller(met, caller, link);
         met.object = &load(resolution.path, name, found, caller.object, met);
         if (met.fate() == Fate::kept)
             waiting.push_back(&met);
@@ -150,7 +188,7 @@ private:
     void meetInclude(const std::string& included, const MetFile& caller) {
         const ElfFile& found = walk.files.at(included);
         if (found.state == ElfFile::State::absent) {
-            meetNothing(included, Link::included, caller.file());
+            meetNothing(included, Link::included, caller);
             return;
         }
         if (found.state == ElfFile::State::broken || found.state == ElfFile::State::denied) {
@@ -159,10 +197,11 @@ private:
         }
         auto same = metByIdentity.find(found.identity);
         if (same != metByIdentity.end()) {
-            reconsider(*same->second, included, Link::included, caller.file());
+            reconsider(*same->second, included, Link::included, caller);
             return;
         }
-        MetFile& met = meet(included, Link::included, found, walk.decide(included, &caller.file()));
+        MetFile& met = meet(included, Link::included, found, decide(included, found, &caller));
+        addCaller(met, caller, Link::included);
         // Loaded at run time by the file that included it, or by the
         // program when that file is no object of this process.
         if (found.object && found.object->kind == kind)
@@ -172,19 +211,25 @@ private:
             waiting.push_back(&met);
     }
 
-    // A file met again, from another caller. The rules may keep for this
-    // caller what they left out or pruned for an earlier one (a rule on
-    // $caller); what any caller keeps is kept, and followed from the
-    // caller that keeps it. The loaded object stays the one first loaded.
-    void reconsider(MetFile& met, const std::string& name, Link link, const std::string& caller) {
-        if (met.fate() == Fate::kept || met.dependency.visit.caller == caller)
+    // A file met again, from another caller: one more edge. The rules may
+    // keep for this caller what they left out or pruned for an earlier one
+    // (a rule on $caller); what any caller keeps is kept, and followed from
+    // the caller that keeps it. The loaded object stays the one first
+    // loaded.
+    void reconsider(MetFile& met, const std::string& name, Link link, const MetFile& caller) {
+        addCaller(met, caller, link);
+        // Without rules every file is kept, so only rules bring a file here;
+        // and rules that do not read $caller decide for this caller as they
+        // did for the first.
+        if (met.fate() == Fate::kept || !walk.callerCounts || met.dependency.visit.caller == caller.file())
             return;
-        Visit verdict = walk.decide(met.file(), &caller);
+        const Visit& verdict = walk.ruled(met.file(), *met.read, &caller.file(), caller.read);
         if (!keepsMore(verdict.fate, met.fate()))
             return;
         met.dependency.name = name;
         met.dependency.link = link;
-        met.dependency.visit = std::move(verdict);
+        met.dependency.visit = verdict;
+        met.dependency.visit.caller = caller.file();
         if (met.fate() == Fate::kept)
             waiting.push_back(&met);
     }
@@ -207,17 +252,62 @@ bool keepsMore(Fate fate, Fate than) {
     return rank(fate) > rank(than);
 }
 
+namespace {
+
+// Whether a verdict of `rules` (isExcluded, isPruned) may depend on the
+// caller: some exclude or prune rule has a path that names $caller, or a
+// part that the rules do not show as a path (which is taken to name it if
+// its text holds the word). A rule set that shows no rules at all (one
+// that this library did not make) may too.
+bool callerCountsIn(const QuorelScript::Rules& rules) {
+    using namespace QuorelScript::Observe;
+    const std::vector<Rule> all = rulesOf(rules);
+    if (all.empty())
+        return true;
+    for (const Rule& rule : all) {
+        if (rule.kind == RuleKind::Include)
+            continue;
+        for (const Node& node : rule.condition.nodes) {
+            if (node.kind == NodeKind::Other && node.text.find("caller") != std::string::npos)
+                return true;
+            if (std::find(node.variables.begin(), node.variables.end(), "caller") != node.variables.end())
+                return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
 DependencyWalk::DependencyWalk(QuorelScript::Rules* rules, LibrarySearch& search, ElfFiles& files)
-    : rules(rules), search(search), files(files) {}
+    : rules(rules), callerCounts(!rules || callerCountsIn(*rules)), search(search), files(files) {}
 
 void DependencyWalk::walkFrom(const std::string& start, const DependencyReport& report) {
     Process(*this, report).run(start);
 }
 
-Visit DependencyWalk::decide(const std::string& file, const std::string* caller) {
-    if (rules)
-        return visit(*rules, file, caller);
-    return Visit{file, caller ? std::optional<std::string>(*caller) : std::nullopt, Fate::kept, std::nullopt, {}};
+// The two addresses, mixed so that their every bit counts.
+std::size_t DependencyWalk::QuestionHash::operator()(const Question& question) const {
+    const auto first = reinterpret_cast<std::uintptr_t>(question.first);
+    const auto second = reinterpret_cast<std::uintptr_t>(question.second);
+    std::uint64_t mixed = (first ^ (second * 0x9e3779b97f4a7c15ULL)) * 0xff51afd7ed558ccdULL;
+    return static_cast<std::size_t>(mixed ^ (mixed >> 32));
+}
+
+std::vector<std::pair<std::string, std::optional<std::string>>> DependencyWalk::questionsAsked() const {
+    std::vector<std::pair<std::string, std::optional<std::string>>> asked;
+    for (const auto& [question, verdict] : verdicts)
+        asked.emplace_back(verdict.file, verdict.caller);
+    return asked;
+}
+
+const Visit& DependencyWalk::ruled(const std::string& file, const ElfFile& read, const std::string* caller,
+                                   const ElfFile* callerRead) {
+    const Question question(&read, callerCounts ? callerRead : nullptr);
+    auto known = verdicts.find(question);
+    if (known == verdicts.end())
+        known = verdicts.emplace(question, visit(*rules, file, caller)).first;
+    return known->second;
 }
 
 } // namespace qxqr

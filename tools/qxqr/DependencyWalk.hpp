@@ -12,11 +12,21 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace qxqr {
 
 // How a file came into a start file's closure.
 enum class Link { start, interpreter, needed, included };
+
+// A file of the process that needs or includes a dependency.
+struct Caller {
+    std::string file;      // as the process names it (its `visit.file`)
+    FileIdentity identity; // which file that is, whatever its name
+    Link link = Link::needed;
+};
 
 // One file of a start file's closure, or a need that nothing answers.
 struct Dependency {
@@ -28,6 +38,10 @@ struct Dependency {
     std::optional<std::string> soname;
     FileIdentity identity;
     std::string location; // the file to read for `visit.file` (see ElfFile)
+    // Every file of the process that needs or includes it, each once, in
+    // the order met: the caller of `visit` and any other (the graph's
+    // edges). A need that nothing answers has the one that needs it.
+    std::vector<Caller> callers;
 };
 
 // What a walk tells: each file of a start file's closure (once the closure
@@ -55,12 +69,12 @@ struct DependencyReport {
 // add. An included ELF file of the start file's kind is loaded as if at
 // run time by the file that included it, and followed like a need; any
 // other included file is listed. A file met again from another caller is
-// asked again while no caller has kept it, since a rule on $caller may
-// decide otherwise for that caller: the fate that keeps the most wins
+// decided on again while no caller has kept it, since a rule on $caller
+// may decide otherwise for that caller: the fate that keeps the most wins
 // (keepsMore), and the file is followed from the caller that keeps it.
 // Each file of the closure is reported once, in the order first met, with
-// the verdict that decided its fate. Without rules every file is kept.
-// Nothing is executed.
+// every file that needs or includes it and the verdict that decided its
+// fate. Without rules every file is kept. Nothing is executed.
 // Whether `fate` keeps more of a file than `than`: kept (shipped and
 // followed) over pruned (shipped) over excluded (left out).
 bool keepsMore(Fate fate, Fate than);
@@ -71,18 +85,37 @@ public:
 
     void walkFrom(const std::string& start, const DependencyReport& report);
 
-    // The rules' verdict on `file` met through `caller` (null for a start
-    // file); without rules, a kept file. Asked anew each time: a question
-    // costs the rules less than remembering its answer by two names would.
-    Visit decide(const std::string& file, const std::string* caller);
+    // The questions the rules have been asked so far, each once (isExcluded,
+    // then isPruned and the includes as they decide): a file, and the
+    // caller it was asked with (none for a start file).
+    std::vector<std::pair<std::string, std::optional<std::string>>> questionsAsked() const;
 
 private:
     class Process;
 
+    // The rules' verdict on `file` met through `caller` (null for a start
+    // file); its `caller` may be another caller's, for the Process to put
+    // its own in. The rules answer a question the same way throughout a
+    // run, so each is asked once, however many start files or callers meet
+    // the file again: the verdict is remembered, with the deciding rule and
+    // the includes, and given again. Where no exclude or prune rule reads
+    // $caller, the caller changes nothing, and a file is asked about once,
+    // whatever its callers. A question is known by the entries of `files`
+    // that its two names lead to (`read`, `callerRead`), one for each
+    // name: found without reading a name again.
+    const Visit& ruled(const std::string& file, const ElfFile& read, const std::string* caller,
+                       const ElfFile* callerRead);
+
     QuorelScript::Rules* rules;
+    bool callerCounts = true; // whether a verdict of the rules may depend on the caller
     LibrarySearch& search;
     ElfFiles& files;
-    std::set<std::string> filesTold; // the files that cannot be used, told already
+    std::set<std::string> filesTold;                            // the files that cannot be used, told already
+    using Question = std::pair<const ElfFile*, const ElfFile*>; // the file, and its caller (null for a start file)
+    struct QuestionHash {
+        std::size_t operator()(const Question& question) const;
+    };
+    std::unordered_map<Question, Visit, QuestionHash> verdicts; // the verdicts given
 };
 
 } // namespace qxqr

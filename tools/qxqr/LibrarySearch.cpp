@@ -4,6 +4,7 @@
 #include "LoaderPlatform.hpp"
 #include "RootedPath.hpp"
 
+#include <algorithm>
 #include <elf.h>
 
 #include <filesystem>
@@ -79,9 +80,17 @@ std::vector<std::string> LibrarySearch::directoriesFor(const LoadedObject& reque
         append(directories, programOf(requester).tokens.directories(settings.libraryPath, ":;"));
     if (object.runpath)
         append(directories, requester.tokens.directories(*object.runpath));
+    const std::vector<std::string>& defaults = LoaderPlatform::of(object.kind).defaultDirectories;
     if (!object.noDefaultLibraries) {
         append(directories, settings.configured);
-        append(directories, LoaderPlatform::of(object.kind).defaultDirectories);
+        append(directories, defaults);
+    } else {
+        // DF_1_NODEFLIB skips what the loader's configuration finds in the
+        // default directories, and those directories themselves; the other
+        // configured directories are still searched.
+        for (const std::string& directory : settings.configured)
+            if (std::find(defaults.begin(), defaults.end(), directory) == defaults.end())
+                directories.push_back(directory);
     }
     return directories;
 }

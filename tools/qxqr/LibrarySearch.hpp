@@ -45,8 +45,8 @@ struct Resolution {
 //   2. LD_LIBRARY_PATH (its tokens taken from the program);
 //   3. DT_RUNPATH of the needing object alone;
 //   4. the loader configuration's directories, then the platform's
-//      default directories, unless the needing object is marked
-//      DF_1_NODEFLIB.
+//      default directories; for a needing object marked DF_1_NODEFLIB,
+//      only the configured directories that are not default ones.
 // A file of another class or machine is passed over and the search goes
 // on; an absent or unreadable file too. A file that is there but is no
 // loadable ELF file (not ELF, malformed, of the same class in the other

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "LoaderConfiguration.hpp"
 
+#include "RootedPath.hpp"
+
 #include <glob.h>
 
 #include <algorithm>
 #include <fstream>
 #include <set>
+#include <system_error>
 
 namespace qxqr {
 
@@ -36,7 +39,7 @@ public:
     void read(const std::string& file) {
         if (!readFiles.insert(file).second)
             return;
-        std::ifstream lines(sysroot + file);
+        std::ifstream lines(inRoot(file));
         std::string line;
         while (std::getline(lines, line))
             readLine(trimmed(line.substr(0, line.find('#'))), file);
@@ -60,12 +63,39 @@ private:
                (line[word.size()] == ' ' || line[word.size()] == '\t');
     }
 
+    // The directories of the pattern that hold no wildcard are followed
+    // inside the root, and so is each match when it is read; a pattern
+    // whose wildcards are in a directory is matched as written under the
+    // root.
     void include(const std::string& pattern, const std::string& file) {
         std::string absolute = pattern;
         if (pattern.front() != '/')
             absolute = file.substr(0, file.rfind('/') + 1) + pattern;
-        for (const std::string& match : matches(sysroot + absolute))
-            read(match.substr(sysroot.size()));
+        std::string::size_type wildcard = absolute.find_first_of("*?[");
+        std::string::size_type slash = absolute.rfind('/', wildcard == std::string::npos ? absolute.size() : wildcard);
+        std::string directory = absolute.substr(0, slash);
+        if (!directory.empty() && !sysroot.empty()) {
+            std::error_code unresolved;
+            std::string followed = followedInRoot(sysroot, directory, unresolved);
+            if (unresolved)
+                return; // a loop of links: nothing to read, as for the loader
+            directory = followed == "/" ? std::string() : followed;
+        }
+        const std::string under = sysroot + directory;
+        for (const std::string& match : matches(under + absolute.substr(slash)))
+            read(directory + match.substr(under.size()));
+    }
+
+    // Where the system's `file` is read on this one: under a root, each
+    // symbolic link on its way followed inside the root, so that a link to
+    // an absolute name reads the root's file of that name; "" (nothing to
+    // read) for a loop of links.
+    std::string inRoot(const std::string& file) const {
+        if (sysroot.empty())
+            return file;
+        std::error_code unresolved;
+        std::string followed = followedInRoot(sysroot, file, unresolved);
+        return unresolved ? std::string() : sysroot + followed;
     }
 
     void addDirectory(std::string directory) {
