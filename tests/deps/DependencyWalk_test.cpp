@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -73,7 +74,7 @@ protected:
     void rules(const std::string& script) {
         QuorelScript::Parser parser;
         ruleSet.reset(parser.parse(script.c_str()));
-        ASSERT_TRUE(ruleSet);
+        ASSERT_TRUE(ruleSet) << script;
         ruleSet->setVantorRoot(root.path().c_str());
     }
 
@@ -104,7 +105,7 @@ protected:
                std::set<std::string>* questions = nullptr) {
         ElfFiles files(root.path());
         LibrarySearch search({root.path(), "", {}}, files);
-        DependencyWalk walker(asked ? asked : ruleSet.get(), search, files);
+        DependencyWalk walker(asked ? asked : ruleSet.get(), search, files, valuesHoldVariables);
         Lines lines;
         DependencyReport report{[&](const Dependency& met) {
                                     std::string line = std::string(linkName(met.link)) + " " + inRoot(met.visit.file) +
@@ -143,6 +144,7 @@ protected:
 
     TempTree root;
     std::unique_ptr<QuorelScript::Rules> ruleSet;
+    bool valuesHoldVariables = false; // what the walk is told of the configured values
 };
 
 TEST_F(DependencyWalkTest, MeetsTheClosureBreadthFirstEachFileOnce) {
@@ -390,6 +392,45 @@ TEST_F(DependencyWalkTest, RulesThatReadTheCallerAreAskedForEachCaller) {
         EXPECT_EQ(questions.count("/usr/lib/libx.so.1 (/usr/lib/libb.so.1)"), 1u) << "precomputed: " << precomputed;
         EXPECT_EQ(lines.back(), "needed /usr/lib/libx.so.1 kept (/usr/lib/libb.so.1)")
             << "precomputed: " << precomputed;
+    }
+}
+
+// However the rules come to read $caller, through a name written otherwise,
+// an `in` list or a configured value that names it, the walk asks the rules
+// about a file for each of its callers.
+TEST_F(DependencyWalkTest, ACallerReadInAnyWayIsAskedForEachCaller) {
+    program({"liba.so.1", "libb.so.1"});
+    library("/usr/lib/liba.so.1", {"libx.so.1"});
+    library("/usr/lib/libb.so.1", {"libx.so.1"});
+    library("/usr/lib/libx.so.1");
+    const std::string liba = root.path() + "/usr/lib/liba.so.1";
+    struct Way {
+        const char* name;
+        std::function<void()> setUp;
+    };
+    const std::vector<Way> ways = {
+        {"a bound value with a braced name",
+         [&] {
+             rules("exclude if $name == libx.so and $who == $vantor/usr/lib/liba.so.1\n");
+             ruleSet->bindVariable("who", "${ caller}");
+         }},
+        {"an in list", [&] { rules("exclude if $name == libx.so and $vantor/usr/lib/liba.so.1 in [$caller]\n"); }},
+        {"a root that names the caller",
+         [&] {
+             rules("exclude if $name == libx.so and $vantor == $liba\n");
+             ruleSet->bindVariable("liba", liba.c_str());
+             ruleSet->setVantorRoot("$caller");
+             valuesHoldVariables = true;
+         }},
+    };
+    for (const Way& way : ways) {
+        valuesHoldVariables = false;
+        way.setUp();
+        std::set<std::string> questions;
+        const Lines lines = walk({"app/bin/app"}, nullptr, false, &questions);
+        EXPECT_EQ(questions.count("/usr/lib/libx.so.1 (/usr/lib/liba.so.1)"), 1u) << way.name;
+        EXPECT_EQ(questions.count("/usr/lib/libx.so.1 (/usr/lib/libb.so.1)"), 1u) << way.name;
+        EXPECT_EQ(lines.back(), "needed /usr/lib/libx.so.1 kept (/usr/lib/libb.so.1)") << way.name;
     }
 }
 

@@ -223,8 +223,20 @@ TEST(traceQuery, AsksTheHostWhatTheQueryAsksOfRulesBuiltByHand) {
     compareBeforeAndAfterPrecompute(*rules, "rules built by hand");
 }
 
+// Puts the locale it found back when it goes, however the test ends.
+class LocaleRestorer {
+public:
+    LocaleRestorer() : saved_(std::setlocale(LC_ALL, nullptr)) {}
+    LocaleRestorer(const LocaleRestorer&) = delete;
+    LocaleRestorer& operator=(const LocaleRestorer&) = delete;
+    ~LocaleRestorer() { std::setlocale(LC_ALL, saved_.c_str()); }
+
+private:
+    std::string saved_;
+};
+
 TEST(traceQuery, AsksTheHostWhatTheQueryAsksWhereTheHostSearchesForSlashes) {
-    const std::string saved = std::setlocale(LC_ALL, nullptr);
+    const LocaleRestorer restorer;
     ASSERT_NE(nullptr, std::setlocale(LC_ALL, "C.GBK"))
         << "no GBK locale: CTest makes it and sets LOCPATH (now '"
         << (std::getenv("LOCPATH") != nullptr ? std::getenv("LOCPATH") : "") << "')";
@@ -237,7 +249,6 @@ TEST(traceQuery, AsksTheHostWhatTheQueryAsksWhereTheHostSearchesForSlashes) {
     }
     const std::unique_ptr<QuorelScript::Rules> rules(builtByHand());
     compareBeforeAndAfterPrecompute(*rules, "rules built by hand");
-    std::setlocale(LC_ALL, saved.c_str());
     EXPECT_GT(searchesForSlashes, 0u)
         << "the doubled slashes in the scripts and the files are found by the host's search";
 }

@@ -5,6 +5,8 @@
 
 #include <qxqrscript/Rules.hpp>
 
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace qxqr {
@@ -36,6 +38,17 @@ void Configuration::apply(QuorelScript::Rules& rules) const {
     }
     if (precompute)
         rules.precompute();
+}
+
+bool Configuration::valuesHoldVariables() const {
+    auto holdsVariable = [](const std::string& value) { return value.find('$') != std::string::npos; };
+    if (rootOption.given() && holdsVariable(root))
+        return true;
+    if (cwdOption.given())
+        return holdsVariable(cwd);
+    std::error_code unknown;
+    const std::filesystem::path current = std::filesystem::current_path(unknown);
+    return !unknown && holdsVariable(current.string());
 }
 
 std::map<std::string, std::string> Configuration::setValues() const {

@@ -25,6 +25,9 @@ public:
     // The values that --set binds into the conditions, by name. Of two for
     // one name the first counts: once bound, the name is gone from them.
     std::map<std::string, std::string> setValues() const;
+    // Whether the root or the current directory that the queries bind holds
+    // a `$`, which a query substitutes into again.
+    bool valuesHoldVariables() const;
 
 private:
     // Given or not is what counts (an empty --root is still a root), so the

@@ -221,7 +221,8 @@ private:
         // Without rules every file is kept, so only rules bring a file here;
         // and rules that do not read $caller decide for this caller as they
         // did for the first.
-        if (met.fate() == Fate::kept || !walk.callerCounts || met.dependency.visit.caller == caller.file())
+        if (met.fate() == Fate::kept || !walk.callerCountsFor(met.file()) ||
+            met.dependency.visit.caller == caller.file())
             return;
         const Visit& verdict = walk.ruled(met.file(), *met.read, &caller.file(), caller.read);
         if (!keepsMore(verdict.fate, met.fate()))
@@ -254,11 +255,15 @@ bool keepsMore(Fate fate, Fate than) {
 
 namespace {
 
+bool namesTheCaller(const std::string& text) {
+    return text.find("caller") != std::string::npos;
+}
+
 // Whether a verdict of `rules` (isExcluded, isPruned) may depend on the
-// caller: some exclude or prune rule has a path that names $caller, or a
-// part that the rules do not show as a path (which is taken to name it if
-// its text holds the word). A rule set that shows no rules at all (one
-// that this library did not make) may too.
+// caller: some part of an exclude or prune rule holds the word, in its text
+// or in the name of a variable it reads. Looser than the name itself, as a
+// query reads `${ caller}` as $caller too. A rule set that shows no rules
+// at all (one that this library did not make) may depend on it as well.
 bool callerCountsIn(const QuorelScript::Rules& rules) {
     using namespace QuorelScript::Observe;
     const std::vector<Rule> all = rulesOf(rules);
@@ -267,20 +272,19 @@ bool callerCountsIn(const QuorelScript::Rules& rules) {
     for (const Rule& rule : all) {
         if (rule.kind == RuleKind::Include)
             continue;
-        for (const Node& node : rule.condition.nodes) {
-            if (node.kind == NodeKind::Other && node.text.find("caller") != std::string::npos)
+        for (const Node& node : rule.condition.nodes)
+            if (namesTheCaller(node.text) || std::any_of(node.variables.begin(), node.variables.end(), namesTheCaller))
                 return true;
-            if (std::find(node.variables.begin(), node.variables.end(), "caller") != node.variables.end())
-                return true;
-        }
     }
     return false;
 }
 
 } // namespace
 
-DependencyWalk::DependencyWalk(QuorelScript::Rules* rules, LibrarySearch& search, ElfFiles& files)
-    : rules(rules), callerCounts(!rules || callerCountsIn(*rules)), search(search), files(files) {}
+DependencyWalk::DependencyWalk(QuorelScript::Rules* rules, LibrarySearch& search, ElfFiles& files,
+                               bool valuesHoldVariables)
+    : rules(rules), callerCounts(!rules || valuesHoldVariables || callerCountsIn(*rules)), search(search),
+      files(files) {}
 
 void DependencyWalk::walkFrom(const std::string& start, const DependencyReport& report) {
     Process(*this, report).run(start);
@@ -294,6 +298,10 @@ std::size_t DependencyWalk::QuestionHash::operator()(const Question& question) c
     return static_cast<std::size_t>(mixed ^ (mixed >> 32));
 }
 
+bool DependencyWalk::callerCountsFor(const std::string& file) const {
+    return callerCounts || file.find('$') != std::string::npos;
+}
+
 std::vector<std::pair<std::string, std::optional<std::string>>> DependencyWalk::questionsAsked() const {
     std::vector<std::pair<std::string, std::optional<std::string>>> asked;
     for (const auto& [question, verdict] : verdicts)
@@ -303,7 +311,7 @@ std::vector<std::pair<std::string, std::optional<std::string>>> DependencyWalk::
 
 const Visit& DependencyWalk::ruled(const std::string& file, const ElfFile& read, const std::string* caller,
                                    const ElfFile* callerRead) {
-    const Question question(&read, callerCounts ? callerRead : nullptr);
+    const Question question(&read, callerCountsFor(file) ? callerRead : nullptr);
     auto known = verdicts.find(question);
     if (known == verdicts.end())
         known = verdicts.emplace(question, visit(*rules, file, caller)).first;

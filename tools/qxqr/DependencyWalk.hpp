@@ -81,7 +81,11 @@ bool keepsMore(Fate fate, Fate than);
 
 class DependencyWalk {
 public:
-    DependencyWalk(QuorelScript::Rules* rules, LibrarySearch& search, ElfFiles& files);
+    // `valuesHoldVariables`: a value that the queries bind ($vantor or $cwd)
+    // holds a `$`. A query substitutes into a substituted value again, so
+    // such a value may name $caller where no rule shows it.
+    DependencyWalk(QuorelScript::Rules* rules, LibrarySearch& search, ElfFiles& files,
+                   bool valuesHoldVariables = false);
 
     void walkFrom(const std::string& start, const DependencyReport& report);
 
@@ -96,15 +100,22 @@ private:
     // The rules' verdict on `file` met through `caller` (null for a start
     // file); its `caller` may be another caller's, for the Process to put
     // its own in. The rules answer a question the same way throughout a
-    // run, so each is asked once, however many start files or callers meet
-    // the file again: the verdict is remembered, with the deciding rule and
-    // the includes, and given again. Where no exclude or prune rule reads
+    // run, as long as the files their `exists` tests and include lists look
+    // at stay as they are (the files that --copy-to writes during the run
+    // are the exception a rule could see), so each is asked once, however
+    // many start files or callers meet the file again: the verdict is
+    // remembered, with the deciding rule and the includes, and given again.
+    // Where no exclude or prune rule reads
     // $caller, the caller changes nothing, and a file is asked about once,
     // whatever its callers. A question is known by the entries of `files`
     // that its two names lead to (`read`, `callerRead`), one for each
     // name: found without reading a name again.
     const Visit& ruled(const std::string& file, const ElfFile& read, const std::string* caller,
                        const ElfFile* callerRead);
+    // Whether the verdict on `file` may depend on its caller: where the
+    // rules may read $caller, or where the file's own name holds a `$`,
+    // which the query substitutes into as into any other text.
+    bool callerCountsFor(const std::string& file) const;
 
     QuorelScript::Rules* rules;
     bool callerCounts = true; // whether a verdict of the rules may depend on the caller

@@ -76,7 +76,7 @@ Result DepsCommand::run(OperandReader& starts) {
     const std::string root = withoutTrailingSlashes(sysroot);
     ElfFiles files(root);
     LibrarySearch search({root, libraryPath(), configuredDirectories(root)}, files);
-    DependencyWalk walk(rules.get(), search, files);
+    DependencyWalk walk(rules.get(), search, files, configuration.valuesHoldVariables());
     std::unique_ptr<DependencyOutput> output = outputFor(format.chosen(), explain);
 
     DependencyCounts counts;

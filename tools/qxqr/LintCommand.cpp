@@ -105,9 +105,11 @@ Result LintCommand::run(OperandReader&) {
 
     const std::vector<QuorelScript::Observe::Rule> views = QuorelScript::Observe::rulesOf(*rules);
     // Bound by the library itself, as precompute would bind them; lint asks
-    // nothing of the rule set afterwards but what it holds.
+    // nothing of the rule set afterwards but what it holds. A name given
+    // with --set is the host's to bind, before precompute comes to it.
     for (const QuorelScript::Observe::Variable& fixed : fixedVariables())
-        rules->bindVariable(fixed.name.c_str(), fixed.value.c_str());
+        if (settings.declaredVariables.count(fixed.name) == 0)
+            rules->bindVariable(fixed.name.c_str(), fixed.value.c_str());
     const std::vector<QuorelScript::Observe::Rule> withFixedValues = QuorelScript::Observe::rulesOf(*rules);
     const FirstLines firstLines = firstLinesOf(texts, views);
     std::vector<LintWarning> warnings = lintRules({views, withFixedValues, firstLines}, settings);
