@@ -15,9 +15,15 @@ void registerLongNameBenchmarks();
 void registerWalkBenchmarks();
 void registerDepsBenchmarks();
 
-// The name of a `qxqr deps` figure: "qxqr", "qxqrBundleRules", "ldd" or
-// "bundleRulesQuestions", sized by the programs of /usr/bin it runs over.
+// The name of a `qxqr deps` figure: "qxqr", "qxqrBundleRules", "ldd",
+// "bundleRulesQuestions", or a round of a walk in process, sized by the
+// programs of /usr/bin it runs over.
 std::string depsBenchmarkName(const std::string& on);
+
+// The walks in process, "walk" and "walkBundleRules", run in turns, this
+// many rounds each; a round's figure is named by walkRoundName.
+inline constexpr int walkRounds = 3;
+std::string walkRoundName(const std::string& walk, int round);
 
 // The lengths of the file names made of slashes only that a query is asked
 // about; the second is left out when QXQR_BENCH_SKIP_HUGE_NAME is set.

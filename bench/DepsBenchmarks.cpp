@@ -175,6 +175,10 @@ void registerOne(const std::string& on, void (*function)(benchmark::State&), int
 
 } // namespace
 
+std::string walkRoundName(const std::string& walk, int round) {
+    return walk + "Round" + std::to_string(round);
+}
+
 std::string depsBenchmarkName(const std::string& on) {
     return benchmarkName("deps", on, programs().size());
 }
@@ -188,12 +192,14 @@ void registerDepsBenchmarks() {
         ->Unit(benchmark::kMillisecond)
         ->Repetitions(3)
         ->DisplayAggregatesOnly();
-    // Alternated, so that a change in the machine's load falls on both.
-    for (int round = 0; round < 3; ++round) {
-        benchmark::RegisterBenchmark(depsBenchmarkName("walk").c_str(), walkWithoutRules)
+    // Alternated, so that a change in the machine's load falls on both;
+    // each round has names of its own, for its target.
+    for (int round = 1; round <= walkRounds; ++round) {
+        benchmark::RegisterBenchmark(depsBenchmarkName(walkRoundName("walk", round)).c_str(), walkWithoutRules)
             ->Unit(benchmark::kMillisecond)
             ->Iterations(10);
-        benchmark::RegisterBenchmark(depsBenchmarkName("walkBundleRules").c_str(), walkWithBundleRules)
+        benchmark::RegisterBenchmark(depsBenchmarkName(walkRoundName("walkBundleRules", round)).c_str(),
+                                     walkWithBundleRules)
             ->Unit(benchmark::kMillisecond)
             ->Iterations(10);
     }
