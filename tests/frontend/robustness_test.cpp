@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Bad input never crashes and never leaks: every text gives either a rule set
 // or exactly one syntax-error message.
+#include "ExampleScript.hpp"
 #include "rules/ParsedRules.hpp"
 
 #include <qxqrscript/Parser.hpp>
@@ -45,14 +46,7 @@ bool expectRuleSetOrSyntaxError(Parser& parser, const std::string& text) {
 }
 
 const char* const validScripts[] = {
-    "exclude if $vantor/toolbox/local in [ $cwd, /tmp ]\n"
-    "prune unless dir exists and not (name == x.c)\n"
-    "include [a/b.c, lib/*.so] if arch == ia32lx or true\n"
-    "% a comment line\n"
-    "\n"
-    "exclude if x != y % a trailing comment\n"
-    "include $dir/*.vrkilx ... % continued\n"
-    "     unless false\n",
+    exampleScript,
     "exclude if \"a b\" not in [c, \"d e\"] and (true or f exists)\r\n"
     "% comment ...\r\n"
     "  continued comment\r\n"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "ExampleScript.hpp"
 #include "GrammarTesting.hpp"
 
 #include <gtest/gtest.h>
@@ -23,14 +24,7 @@ TEST(Script, LineOfBlanksAndACommentIsACommentLine) {
 }
 
 TEST(Script, ExampleScriptParsesCompletely) {
-    const char* script = "exclude if $vantor/toolbox/local in [ $cwd, /tmp ]\n"
-                         "prune unless dir exists and not (name == x.c)\n"
-                         "include [a/b.c, lib/*.so] if arch == ia32lx or true\n"
-                         "% a comment line\n"
-                         "\n"
-                         "exclude if x != y % a trailing comment\n"
-                         "include $dir/*.vrkilx ... % continued\n"
-                         "     unless false\n";
+    const char* script = exampleScript;
     EXPECT_EQ("\texclude if in($vantor/toolbox/local,[$cwd,/tmp])\n"
               "\texclude if not(equals(x,y))\n"
               "\n"
