@@ -462,6 +462,12 @@ def check_dot_edges(qxqr, b):
     ends = {end for edge in edges for end in edge}
     check(ends <= nodes and f'"{link}"' not in nodes,
           f"every edge joins two nodes, the program given twice is one node:\n{run.stdout}")
+    document = json.loads(run_deps(qxqr, ["--format", "json", "--", program]).stdout)
+    callers = {item["file"]: item["callers"] for item in document["dependencies"]}
+    wanted = {f"{lib}/libshared.so.1": [f"{lib}/liba.so.1", f"{lib}/libb.so.1"],
+              f"{lib}/libp.so.1": [program, f"{lib}/libq.so.1"], program: []}
+    check(all(callers.get(file) == expected for file, expected in wanted.items()),
+          f"JSON callers, every need in the order met: {callers}")
 
 
 def check_tokens(qxqr, b, compiler):

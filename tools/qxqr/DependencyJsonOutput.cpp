@@ -4,6 +4,9 @@
 #include "MatchText.hpp"
 #include "StreamedJsonDocument.hpp"
 
+#include <string>
+#include <vector>
+
 namespace qxqr {
 
 namespace {
@@ -24,6 +27,10 @@ nlohmann::json asJson(const Dependency& dependency) {
     if (dependency.soname)
         putName(item, "soname", *dependency.soname);
     putNames(item, "includes", dependency.visit.includes);
+    std::vector<std::string> callers;
+    for (const Caller& caller : dependency.callers)
+        callers.push_back(caller.file);
+    putNames(item, "callers", callers);
     return item;
 }
 
