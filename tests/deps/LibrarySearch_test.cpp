@@ -131,19 +131,24 @@ TEST_F(LibrarySearchTest, TokensComeFromTheObjectThatHoldsThePath) {
     EXPECT_EQ(find("liby.so.1", library), "/app/bin/env/liby.so.1");
 }
 
-// DF_1_NODEFLIB skips the default directories, configured or not; a
-// configured directory of another name is still searched.
+// DF_1_NODEFLIB skips the default directories, configured or not, and the
+// configured directories below them; a configured directory elsewhere is
+// still searched.
 TEST_F(LibrarySearchTest, DfNodeflibSkipsTheDefaultDirectoriesOnly) {
-    configured = {"/usr/lib", "/conf"};
+    configured = {"/usr/lib", "/usr/lib/sub", "/usr/lib32", "/conf"};
     put("/conf/libx.so.1");
     put("/usr/lib/libx.so.1");
     put("/usr/lib/liby.so.1");
+    put("/usr/lib/sub/libz.so.1");
+    put("/usr/lib32/libw.so.1");
     ElfImage image = ElfImage::library();
     image.noDefaultLibraries = true;
     std::string bytes = image.bytes();
     ElfObject object = readElfMemory(bytes.data(), bytes.size());
     EXPECT_EQ(find("libx.so.1", loaded("/app/app", object)), "/conf/libx.so.1");
     EXPECT_EQ(find("liby.so.1", loaded("/app/app", object)), "not found");
+    EXPECT_EQ(find("libz.so.1", loaded("/app/app", object)), "not found");
+    EXPECT_EQ(find("libw.so.1", loaded("/app/app", object)), "/usr/lib32/libw.so.1");
 }
 
 TEST_F(LibrarySearchTest, ALibraryOfAnotherClassOrMachineIsPassedOver) {

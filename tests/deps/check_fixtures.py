@@ -153,6 +153,17 @@ def build_and_check_closures(qxqr, builder, compiler):
     b.library("nodeflib/libnd.so.1", [], ["-Wl,-z,nodefaultlib", "-Wl,--no-as-needed", "-l:libm.so.6", "-Wl,--as-needed"])
     program = b.program("nodeflib/app", ["nodeflib/libnd.so.1"], [f"-Wl,-rpath,{b.path('nodeflib')}"])
     check_closure(qxqr, b, "DF_1_NODEFLIB", program, {"nodeflib/libnd.so.1", "not found: libm.so.6"})
+    # Nor in a configured directory below a default one: Debian configures
+    # libfakeroot's own directory, where the machine has it.
+    fakeroot = "/usr/lib/x86_64-linux-gnu/libfakeroot/libfakeroot-0.so"
+    if os.path.exists(fakeroot):
+        b.library("nodeflib/libsub.so.1", [],
+                  ["-Wl,-z,nodefaultlib", "-Wl,--no-as-needed", fakeroot, "-Wl,--as-needed"])
+        program = b.program("nodeflib/sub-app", ["nodeflib/libsub.so.1"], [f"-Wl,-rpath,{b.path('nodeflib')}"])
+        check_closure(qxqr, b, "DF_1_NODEFLIB below a default directory", program,
+                      {"nodeflib/libsub.so.1", "not found: libfakeroot-0.so"})
+    else:
+        print(f"no {fakeroot}: the fixture of a configured directory below a default one is left out")
 
     # A library that is gone.
     b.library("missing/libgone.so.1")

@@ -43,6 +43,19 @@ const LoadedObject& programOf(const LoadedObject& object) {
     return *program;
 }
 
+std::string withTrailingSlash(std::string directory) {
+    if (directory.empty() || directory.back() != '/')
+        directory += '/';
+    return directory;
+}
+
+// Whether `directory` is `outer` or lies below it.
+bool liesIn(const std::string& directory, const std::string& outer) {
+    const std::string inner = withTrailingSlash(directory);
+    const std::string prefix = withTrailingSlash(outer);
+    return inner.compare(0, prefix.size(), prefix) == 0;
+}
+
 } // namespace
 
 LibrarySearch::LibrarySearch(SearchSettings settings, ElfFiles& files) : settings(std::move(settings)), files(files) {}
@@ -86,10 +99,12 @@ std::vector<std::string> LibrarySearch::directoriesFor(const LoadedObject& reque
         append(directories, defaults);
     } else {
         // DF_1_NODEFLIB skips what the loader's configuration finds in the
-        // default directories, and those directories themselves; the other
-        // configured directories are still searched.
+        // default directories or below them (a configured subdirectory of
+        // one too, as the loader does), and those directories themselves;
+        // the other configured directories are still searched.
         for (const std::string& directory : settings.configured)
-            if (std::find(defaults.begin(), defaults.end(), directory) == defaults.end())
+            if (std::none_of(defaults.begin(), defaults.end(),
+                             [&](const std::string& defaultDirectory) { return liesIn(directory, defaultDirectory); }))
                 directories.push_back(directory);
     }
     return directories;
